@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+/// Whole files in and out, every result looked at.
+namespace FileBytes {
+
+inline constexpr qint64 MaxRawSize = 64 * 1024 * 1024; // bytes of a raw import
+
+/// All bytes of a regular file of at most @p limit bytes; nothing for anything else.
+std::optional<QByteArray> read(const QString &fileName, qint64 limit = MaxRawSize);
+
+/// Replaces the file by @p data. False if it cannot be opened or not every byte was written and
+/// flushed.
+[[nodiscard]] bool write(const QString &fileName, const QByteArray &data);
+
+} // namespace FileBytes

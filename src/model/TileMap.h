@@ -1,0 +1,121 @@
+#pragma once
+
+#include "model/Enums.h"
+
+#include <QHash>
+#include <QImage>
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QUuid>
+
+class QMimeData;
+class TileSet;
+
+/// A grid of cells that name tiles: one layer of a map, and its cached picture.
+///
+/// Sizes and positions count cells; a cell is 8 by 8 pixels in the picture. Everything but
+/// setCell() throws the cached picture away; it is made again when somebody asks for it.
+class TileMap : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// One cell.
+    struct TileData
+    {
+        int index = 0;
+        bool rotate = false; ///< a quarter turn clockwise, before the two others
+        bool flip = false;   ///< top to bottom
+        bool mirror = false; ///< left to right
+        int offset = 0;      ///< palette offset, 0 to 15
+        /// The cell has been filled; one that has not draws as pixel value 0.
+        bool occupied = false;
+
+        bool operator==(const TileData &) const = default;
+    };
+    using Rows = QList<QList<TileData>>;
+
+    static constexpr int CellSide = 8; // pixels
+
+    /// The clipboard's name for toData().
+    static QString mimeType();
+
+    /// All cells zero; @p parent is the project.
+    explicit TileMap(QSize size, QObject *parent = nullptr);
+
+    QUuid id() const { return m_id; }
+    int width() const { return m_width; }
+    int height() const { return m_height; }
+    QSize size() const { return {m_width, m_height}; }
+    QRect rect() const { return {0, 0, m_width, m_height}; }
+    /// rows()[y][x].
+    const Rows &rows() const { return m_rows; }
+    QPointer<TileSet> tileSet() const { return m_tiles; }
+
+    bool isVisible() const { return m_visible; }
+    void setVisible(bool visible) { m_visible = visible; }
+
+    bool contains(QPoint position) const { return rect().contains(position); }
+    /// The cell at a position inside the map.
+    const TileData &cell(QPoint position) const { return m_rows.at(position.y()).at(position.x()); }
+    /// Writes a cell inside the map and redraws it in the cached picture. Sends nothing.
+    void setCell(QPoint position, const TileData &data);
+
+    /// Sets the cells of @p rect inside the map to tile 0 with that tile's own offset.
+    void fill(QRect rect, bool occupied);
+
+    void addRow(Tessaril::Position position);
+    void addColumn(Tessaril::Position position);
+    /// The caller keeps the size at 1 or more.
+    void removeRow(Tessaril::Position position);
+    void removeColumn(Tessaril::Position position);
+
+    /// Takes a new size; @p alignment says where the old content stays. Returns its shift in cells,
+    /// negative when it moved left or up. Does not send tilesChanged().
+    QPoint resize(QSize size, Qt::Alignment alignment);
+
+    /// Replaces all rows, takes the size from them and sends tilesChanged().
+    void setTiles(const Rows &rows);
+
+    /// Binds a tile set, whose swaps and changes the map then follows. Null is allowed.
+    void setTileSet(const QPointer<TileSet> &tiles);
+
+    /// Renumbers cells after a tile came in at @p index (direction 1) or went (direction -1; cells
+    /// of that tile become tile 0). Unoccupied cells are treated alike.
+    void adjustIndices(int index, int direction);
+
+    /// The cells of @p rect as an indexed picture, @p scale screen pixels a cell. Colours i with
+    /// (i & 15) == @p transparentIndex have alpha 0, all others are opaque; -1 for none.
+    QImage picture(QRect rect, double scale, int transparentIndex);
+
+    /// Height, width, the cells of @p rect row by row and the tile set's id, as a big-endian
+    /// QDataStream. Cells outside the map are all zero.
+    QByteArray toData(QRect rect) const;
+    /// Reads a block of toData() from the clipboard and puts it at @p topLeft; what falls outside
+    /// the map is dropped. Data that is cut or claims more cells than it holds changes nothing.
+    void fromData(QPoint topLeft, const QMimeData *mimeData);
+
+signals:
+    void tilesChanged();
+
+private:
+    void swapTiles(int first, int second);
+    void dropPicture();
+
+    QUuid m_id;
+    int m_width;
+    int m_height;
+    Rows m_rows;
+    QPointer<TileSet> m_tiles;
+    QImage m_image; // null when it must be drawn again
+    TileSet *m_drawnTiles = nullptr;
+    QHash<TileData, QImage> m_tileCache;
+    int m_cacheHits = 0;
+    bool m_visible = true;
+};
+
+/// A picture does not depend on `occupied`, and so neither does its key.
+size_t qHash(const TileMap::TileData &data, size_t seed = 0);
+
+Q_DECLARE_METATYPE(TileMap::TileData)
