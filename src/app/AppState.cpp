@@ -1,0 +1,102 @@
+#include "app/AppState.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QSaveFile>
+
+namespace {
+
+const QString StateFile = QStringLiteral("state.json");
+const QString PreferencesFile = QStringLiteral("preferences.json");
+const QString WindowStateKey = QStringLiteral("windowState");
+const QString WindowGeometryKey = QStringLiteral("windowGeometry");
+const QString TileZoomKey = QStringLiteral("tileZoom");
+const QString RecentKey = QStringLiteral("recent");
+const QString LastPathKey = QStringLiteral("lastPath");
+
+constexpr qint64 MaxFileSize = 1024 * 1024; // bytes; both files hold a few thousand
+
+QByteArray bytesOf(const QJsonObject &object, const QString &key)
+{
+    const QJsonValue value = object.value(key);
+    if (!value.isString())
+        qWarning("JSON object not found \"%s\"", qPrintable(key));
+    return QByteArray::fromBase64(value.toString().toUtf8());
+}
+
+QString base64(const QByteArray &bytes)
+{
+    return QString::fromUtf8(bytes.toBase64());
+}
+
+/// Replaces a file at once, so that a crash or a full disk leaves the old one.
+bool replaceFile(const QString &fileName, const QByteArray &data)
+{
+    QSaveFile file(fileName);
+    return file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.commit();
+}
+
+} // namespace
+
+AppState::AppState(QObject *parent)
+    : QObject(parent)
+{
+    const QString folder = QStringLiteral(".config/tessaril");
+    QDir home(QDir::homePath());
+    home.mkpath(folder);
+    m_directory.setPath(home.canonicalPath());
+    m_directory.cd(folder);
+}
+
+bool AppState::load()
+{
+    QFile file(m_directory.filePath(StateFile));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qWarning("Open state.json failed");
+        return false;
+    }
+
+    const QJsonObject object = QJsonDocument::fromJson(file.read(MaxFileSize)).object();
+    windowState = bytesOf(object, WindowStateKey);
+    windowGeometry = bytesOf(object, WindowGeometryKey);
+    tileZoom = object.value(TileZoomKey).toInt(DefaultTileZoom);
+    lastPath = object.value(LastPathKey).toString(QStringLiteral("~"));
+    const QJsonArray paths = object.value(RecentKey).toArray();
+    for (const QJsonValue &path : paths)
+        recent.append(path.toString());
+    return true;
+}
+
+bool AppState::save() const
+{
+    const QJsonObject object = {
+        {WindowStateKey, base64(windowState)},
+        {WindowGeometryKey, base64(windowGeometry)},
+        {TileZoomKey, tileZoom},
+        {RecentKey, QJsonArray::fromStringList(recent)},
+        {LastPathKey, lastPath},
+    };
+    if (replaceFile(m_directory.filePath(StateFile), QJsonDocument(object).toJson()))
+        return true;
+    qWarning("Open state.json failed");
+    return false;
+}
+
+QJsonDocument AppState::loadPreferences() const
+{
+    QFile file(m_directory.filePath(PreferencesFile));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qWarning("Failed to open settings json file");
+        return {};
+    }
+    return QJsonDocument::fromJson(file.read(MaxFileSize));
+}
+
+bool AppState::savePreferences(const QJsonDocument &preferences) const
+{
+    if (replaceFile(m_directory.filePath(PreferencesFile), preferences.toJson()))
+        return true;
+    qWarning("Failed to open settings json file");
+    return false;
+}
