@@ -10,10 +10,7 @@ class AnimationProperties : public QObject
     Q_OBJECT
 
 public:
-    explicit AnimationProperties(QObject *parent = nullptr)
-        : QObject(parent)
-    {
-    }
+    explicit AnimationProperties(QObject *parent = nullptr);
 
     QUuid id;             ///< of the TileAnimation
     QRect rect;           ///< cells covered on the map

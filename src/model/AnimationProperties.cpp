@@ -1,0 +1,6 @@
+#include "model/AnimationProperties.h"
+
+AnimationProperties::AnimationProperties(QObject *parent)
+    : QObject(parent)
+{
+}
