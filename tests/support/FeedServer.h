@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QTcpServer>
+#include <QUrl>
+
+class QTcpSocket;
+
+/// A small HTTP server on the loopback address. It hands out one prepared answer, byte for byte.
+class FeedServer : public QTcpServer
+{
+    Q_OBJECT
+
+public:
+    /// What becomes of a connection once a request has been read.
+    enum class Manner {
+        Answer,     ///< send everything, then close
+        CutHalfway, ///< send everything, then break the connection
+        Silent,     ///< never say a word
+        Endless     ///< send the answer, then its last bytes again and again
+    };
+
+    explicit FeedServer(QObject *parent = nullptr);
+
+    QUrl address() const;
+    void setAnswer(const QByteArray &answer, Manner manner = Manner::Answer);
+    /// A complete answer with a status line and a length.
+    static QByteArray http(const QByteArray &status, const QByteArray &body,
+                           const QByteArray &moreHeaders = {});
+
+    /// The requests received, headers included.
+    const QList<QByteArray> &requests() const { return m_requests; }
+    /// The bytes sent in Manner::Endless.
+    qint64 sent() const { return m_sent; }
+
+private:
+    void accept();
+    void serve(QTcpSocket *socket);
+    void flood(QTcpSocket *socket);
+
+    QByteArray m_answer;
+    Manner m_manner = Manner::Answer;
+    QList<QByteArray> m_requests;
+    qint64 m_sent = 0;
+};
