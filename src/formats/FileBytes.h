@@ -10,11 +10,15 @@ namespace FileBytes {
 
 inline constexpr qint64 MaxRawSize = 64 * 1024 * 1024; // bytes of a raw import
 
+/// Whether the name, links followed, is that of a regular file: opening a pipe would wait for its
+/// other end.
+bool isRegular(const QString &fileName);
+
 /// All bytes of a regular file of at most @p limit bytes; nothing for anything else.
 std::optional<QByteArray> read(const QString &fileName, qint64 limit = MaxRawSize);
 
-/// Replaces the file by @p data. False if it cannot be opened or not every byte was written and
-/// flushed.
+/// Replaces the file by @p data. False if it cannot be opened, is no regular file, or not every
+/// byte was written and flushed; part of the data may then be in the file.
 [[nodiscard]] bool write(const QString &fileName, const QByteArray &data);
 
 } // namespace FileBytes

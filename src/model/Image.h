@@ -34,7 +34,8 @@ public:
 
     /// Binds a palette; a valid one gives the picture its colour table.
     void setPalette(const QPointer<Palette> &palette);
-    /// Takes over the pixels. A bound palette's colours win over the picture's own table.
+    /// Takes over the pixels. A bound palette's colours win over the picture's own table. A picture
+    /// that is not QImage::Format_Indexed8 changes nothing.
     void setImage(const QImage &image);
 
 private:

@@ -31,8 +31,9 @@ public:
     explicit Tile(int offset, QObject *parent = nullptr);
 
     const QImage &image() const { return m_image; }
-    /// For the owner set, which also tells the views.
-    void setImage(const QImage &image) { m_image = image; }
+    /// For the owner set, which also tells the views. A picture of another size is cut to 8 by 8 or
+    /// filled up with value 0; one that is not indexed changes nothing.
+    void setImage(const QImage &image);
     void setColourTableEntry(int index, QRgb colour) { m_image.setColor(index, colour); }
 
     int offset() const { return m_offset; }
