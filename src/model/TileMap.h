@@ -36,7 +36,8 @@ public:
     };
     using Rows = QList<QList<TileData>>;
 
-    static constexpr int CellSide = 8; // pixels
+    static constexpr int CellSide = 8;            // pixels
+    static constexpr qint64 MaxCells = 1LL << 27; // of a map, whoever asks for it
 
     /// The clipboard's name for toData().
     static QString mimeType();
