@@ -1,0 +1,64 @@
+#include "uikit/DockWidget.h"
+
+#include <QLabel>
+#include <QScrollArea>
+#include <QStackedWidget>
+
+namespace {
+
+constexpr int PlaceholderPage = 0;
+constexpr int ContentPage = 1;
+
+} // namespace
+
+DockWidget::DockWidget(QWidget *parent)
+    : QDockWidget(parent)
+    , m_scrollArea(new QScrollArea)
+    , m_stack(new QStackedWidget(this))
+    , m_placeholder(new QLabel)
+{
+    setContentsMargins(0, 0, 0, 0);
+    setFeatures(DockWidgetClosable | DockWidgetMovable | DockWidgetFloatable);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+
+    m_placeholder->setAlignment(Qt::AlignCenter);
+    m_placeholder->setForegroundRole(QPalette::PlaceholderText);
+    m_placeholder->setTextFormat(Qt::PlainText);
+    m_placeholder->setWordWrap(true);
+    m_scrollArea->setWidgetResizable(true);
+    m_scrollArea->setFrameShape(QFrame::NoFrame);
+
+    m_stack->setAutoFillBackground(true);
+    m_stack->insertWidget(PlaceholderPage, m_placeholder);
+    m_stack->insertWidget(ContentPage, m_scrollArea);
+    setWidget(m_stack);
+}
+
+void DockWidget::setPlaceholderText(const QString &text)
+{
+    if (m_placeholder)
+        m_placeholder->setText(text);
+}
+
+void DockWidget::setContentWidget(QWidget *content)
+{
+    if (m_scrollArea)
+        m_scrollArea->setWidget(content);
+}
+
+bool DockWidget::isContentShown() const
+{
+    return m_stack && m_stack->currentIndex() == ContentPage;
+}
+
+void DockWidget::showPlaceholder()
+{
+    if (m_stack)
+        m_stack->setCurrentIndex(PlaceholderPage);
+}
+
+void DockWidget::showContent()
+{
+    if (m_stack)
+        m_stack->setCurrentIndex(ContentPage);
+}

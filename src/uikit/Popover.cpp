@@ -1,0 +1,86 @@
+#include "uikit/Popover.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr qreal CornerRadius = 10;  // pixels, as all below
+constexpr qreal PointerRoom = 10;   // by which the rectangle is narrower
+constexpr qreal PointerDepth = 15;  // so the triangle's base lies inside the rectangle
+constexpr qreal PointerLength = 40; // along the side
+
+// Half the pen, so that the outermost line covers whole pixels.
+constexpr qreal Inset = 0.5;
+
+QPainterPath pointer(QPointF tip, qreal depth)
+{
+    QPainterPath path(tip);
+    path.lineTo(tip.x() + depth, tip.y() - PointerLength / 2);
+    path.lineTo(tip.x() + depth, tip.y() + PointerLength / 2);
+    path.closeSubpath();
+    return path;
+}
+
+} // namespace
+
+Popover::Popover(QWidget *parent)
+    : QWidget(parent)
+{
+}
+
+void Popover::setSide(DialogPosition side)
+{
+    if (side == m_side)
+        return;
+
+    m_side = side;
+    update();
+}
+
+void Popover::placeAt(QPoint anchor, DialogPosition side)
+{
+    setSide(side);
+    QPoint offset;
+    switch (side) {
+    case DialogPosition::TopCentre:
+        offset = {width(), height() / 2};
+        break;
+    case DialogPosition::LeftOf:
+    case DialogPosition::RightOf:
+        offset = {0, height() / 2};
+        break;
+    case DialogPosition::Above:
+        offset = {width() / 2, height()};
+        break;
+    case DialogPosition::Below:
+        offset = {width() / 2, 0};
+        break;
+    }
+    move(anchor - offset);
+}
+
+QPainterPath Popover::shapeFor(QSize size, DialogPosition side)
+{
+    QRectF body = QRectF(QPointF(), size).adjusted(Inset, Inset, -Inset, -Inset);
+    const QRectF bounds = body;
+    QPainterPath triangle;
+    if (side == DialogPosition::TopCentre) {
+        body.setRight(body.right() - PointerRoom);
+        triangle = pointer({bounds.right(), bounds.center().y()}, -PointerDepth);
+    } else if (side == DialogPosition::LeftOf) {
+        body.setLeft(body.left() + PointerRoom);
+        triangle = pointer({bounds.left(), bounds.center().y()}, PointerDepth);
+    }
+    QPainterPath shape;
+    shape.addRoundedRect(body, CornerRadius, CornerRadius);
+    return shape.united(triangle);
+}
+
+void Popover::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Mid), 1));
+    painter.setBrush(palette().color(QPalette::Window));
+    painter.drawPath(shapeFor(size(), m_side));
+}

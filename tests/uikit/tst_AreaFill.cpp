@@ -1,0 +1,35 @@
+#include "uikit/AreaFill.h"
+
+#include <QTest>
+
+class tst_AreaFill : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void paintsItsWholeArea();
+    void startsBlack();
+};
+
+void tst_AreaFill::paintsItsWholeArea()
+{
+    AreaFill swatch;
+    swatch.resize(7, 5);
+
+    swatch.setColour(QColor(12, 34, 56));
+
+    QImage expected(7, 5, QImage::Format_RGB32);
+    expected.fill(QColor(12, 34, 56));
+    QCOMPARE(swatch.grab().toImage().convertToFormat(QImage::Format_RGB32), expected);
+    QCOMPARE(swatch.colour(), QColor(12, 34, 56));
+}
+
+void tst_AreaFill::startsBlack()
+{
+    AreaFill swatch;
+
+    QCOMPARE(swatch.colour(), QColor(Qt::black));
+}
+
+QTEST_MAIN(tst_AreaFill)
+#include "tst_AreaFill.moc"

@@ -1,0 +1,176 @@
+#include "uikit/Popover.h"
+
+#include <QTest>
+
+using Tessaril::Ui::DialogPosition;
+
+class tst_Popover : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void pointsToTheRightOfATopCentrePanel();
+    void pointsToTheLeftOfALeftOfPanel();
+    void theOtherSidesHaveNoPointer_data();
+    void theOtherSidesHaveNoPointer();
+    void theCornersAreRound();
+    void thePointerIsAsWideAsToldAlongItsSide();
+    void followsThePalette();
+    void placesItsTipAtTheAnchor_data();
+    void placesItsTipAtTheAnchor();
+
+private:
+    QImage shot();
+    bool isInside(const QImage &image, int x, int y) const;
+
+    Popover m_popover;
+};
+
+namespace {
+
+constexpr int Width = 120;
+constexpr int Height = 100;
+constexpr int Middle = Height / 2;
+const QColor Fill(10, 200, 30);
+const QColor Pen(200, 20, 40);
+const QColor Outside(1, 2, 3);
+
+} // namespace
+
+void tst_Popover::init()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, Fill);
+    palette.setColor(QPalette::Mid, Pen);
+    m_popover.setPalette(palette);
+    m_popover.resize(Width, Height);
+}
+
+QImage tst_Popover::shot()
+{
+    QImage image(m_popover.size(), QImage::Format_RGB32);
+    image.fill(Outside);
+    m_popover.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+    return image;
+}
+
+bool tst_Popover::isInside(const QImage &image, int x, int y) const
+{
+    return image.pixelColor(x, y) == Fill;
+}
+
+void tst_Popover::pointsToTheRightOfATopCentrePanel()
+{
+    m_popover.setSide(DialogPosition::TopCentre);
+
+    const QImage image = shot();
+
+    QVERIFY(isInside(image, Width / 2, Middle));
+    QVERIFY(isInside(image, Width - 5, Middle));
+    QVERIFY(image.pixelColor(Width - 1, Middle) != Outside);
+    QCOMPARE(image.pixelColor(Width - 5, 20), Outside);
+    QCOMPARE(image.pixelColor(Width - 5, Height - 20), Outside);
+    // The body ends 10 pixels before the edge, on its outline.
+    QCOMPARE(image.pixelColor(Width - 11, 20), Pen);
+    QVERIFY(isInside(image, Width - 12, 20));
+    QCOMPARE(image.pixelColor(0, Middle), Pen);
+}
+
+void tst_Popover::pointsToTheLeftOfALeftOfPanel()
+{
+    m_popover.setSide(DialogPosition::LeftOf);
+
+    const QImage image = shot();
+
+    QVERIFY(isInside(image, 4, Middle));
+    QVERIFY(image.pixelColor(0, Middle) != Outside);
+    QCOMPARE(image.pixelColor(4, 20), Outside);
+    QCOMPARE(image.pixelColor(10, 20), Pen);
+    QVERIFY(isInside(image, 11, 20));
+    QCOMPARE(image.pixelColor(Width - 1, Middle), Pen);
+}
+
+void tst_Popover::theOtherSidesHaveNoPointer_data()
+{
+    QTest::addColumn<DialogPosition>("side");
+    QTest::newRow("right of") << DialogPosition::RightOf;
+    QTest::newRow("above") << DialogPosition::Above;
+    QTest::newRow("below") << DialogPosition::Below;
+}
+
+void tst_Popover::theOtherSidesHaveNoPointer()
+{
+    QFETCH(DialogPosition, side);
+    m_popover.setSide(side);
+
+    const QImage image = shot();
+
+    for (const int y : {20, Middle, Height - 20}) {
+        QCOMPARE(image.pixelColor(0, y), Pen);
+        QVERIFY(isInside(image, 1, y));
+        QVERIFY(isInside(image, Width - 2, y));
+        QCOMPARE(image.pixelColor(Width - 1, y), Pen);
+    }
+}
+
+void tst_Popover::theCornersAreRound()
+{
+    m_popover.setSide(DialogPosition::Above);
+
+    const QImage image = shot();
+
+    QCOMPARE(image.pixelColor(0, 0), Outside);
+    QCOMPARE(image.pixelColor(1, 1), Outside);
+    QVERIFY(isInside(image, 5, 5));
+    QCOMPARE(image.pixelColor(12, 0), Pen);
+    QCOMPARE(image.pixelColor(Width - 1, Height - 1), Outside);
+}
+
+void tst_Popover::thePointerIsAsWideAsToldAlongItsSide()
+{
+    const QPainterPath shape = Popover::shapeFor({Width, Height}, DialogPosition::LeftOf);
+
+    // 40 pixels at its base, 15 deep; the body's edge cuts it 10 pixels from the tip.
+    const double half = 20.0 * 10 / 15;
+    QVERIFY(shape.contains(QPointF(9.9, Middle + half - 1)));
+    QVERIFY(!shape.contains(QPointF(9.9, Middle + half + 1)));
+    QVERIFY(shape.contains(QPointF(9.9, Middle - half + 1)));
+    QVERIFY(!shape.contains(QPointF(9.9, Middle - half - 1)));
+    QCOMPARE(shape.boundingRect(), QRectF(0.5, 0.5, Width - 1, Height - 1));
+}
+
+void tst_Popover::followsThePalette()
+{
+    QPalette palette = m_popover.palette();
+    palette.setColor(QPalette::Window, Qt::blue);
+    m_popover.setPalette(palette);
+
+    QCOMPARE(shot().pixelColor(Width / 2, Middle), QColor(Qt::blue));
+}
+
+void tst_Popover::placesItsTipAtTheAnchor_data()
+{
+    QTest::addColumn<DialogPosition>("side");
+    QTest::addColumn<QPoint>("topLeft");
+    QTest::newRow("points right") << DialogPosition::TopCentre << QPoint(500 - Width, 450);
+    QTest::newRow("points left") << DialogPosition::LeftOf << QPoint(500, 450);
+    QTest::newRow("right of") << DialogPosition::RightOf << QPoint(500, 450);
+    QTest::newRow("above") << DialogPosition::Above << QPoint(500 - Width / 2, 400);
+    QTest::newRow("below") << DialogPosition::Below << QPoint(500 - Width / 2, 500);
+}
+
+void tst_Popover::placesItsTipAtTheAnchor()
+{
+    QFETCH(DialogPosition, side);
+    QFETCH(QPoint, topLeft);
+
+    m_popover.placeAt({500, 500}, side);
+
+    QCOMPARE(m_popover.pos(), topLeft);
+    QCOMPARE(m_popover.side(), side);
+}
+
+QTEST_MAIN(tst_Popover)
+#include "tst_Popover.moc"
