@@ -1,0 +1,125 @@
+#include "dialogs/DialogBase.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int Margin = 2;            // pixels
+constexpr int ButtonBoxWidth = 300;  // pixels, at least
+constexpr double HeadingScale = 1.5; // of the dialog's point size
+constexpr int FormStretch = 100;     // against 1 of the heading
+constexpr QRgb ErrorColour = 0xcc3333;
+
+} // namespace
+
+DialogBase::DialogBase(QWidget *parent)
+    : QDialog(parent)
+    , m_heading(makeHeading())
+    , m_form(new QFormLayout)
+    , m_error(makeErrorLine())
+{
+    setModal(true);
+    setSizeGripEnabled(false);
+    setContentsMargins(Margin, Margin, Margin, Margin);
+    takeTitle();
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_heading, 1);
+    layout->addLayout(m_form, FormStretch);
+    layout->addWidget(m_error);
+    layout->addWidget(makeButtons());
+}
+
+QLabel *DialogBase::makeHeading()
+{
+    auto *label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignCenter);
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * HeadingScale);
+    label->setFont(large);
+    return label;
+}
+
+QLabel *DialogBase::makeErrorLine()
+{
+    auto *label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    QPalette red = label->palette();
+    red.setColor(QPalette::WindowText, QColor(ErrorColour));
+    label->setPalette(red);
+    return label;
+}
+
+QDialogButtonBox *DialogBase::makeButtons()
+{
+    auto *buttons =
+        new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, Qt::Horizontal);
+    buttons->setMinimumWidth(ButtonBoxWidth);
+    buttons->button(QDialogButtonBox::Ok)->setText(tr("Ok"));
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
+    buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &DialogBase::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &DialogBase::reject);
+    return buttons;
+}
+
+void DialogBase::takeTitle()
+{
+    // A menu that owns the dialog has no title of its own, but the window above it does.
+    for (const QWidget *widget = parentWidget(); widget; widget = widget->parentWidget()) {
+        if (widget->windowTitle().isEmpty())
+            continue;
+        setWindowTitle(widget->windowTitle());
+        return;
+    }
+}
+
+QString DialogBase::heading() const
+{
+    return m_heading->text();
+}
+
+QString DialogBase::error() const
+{
+    return m_error->text();
+}
+
+void DialogBase::setHeading(const QString &text)
+{
+    m_heading->setText(text);
+}
+
+void DialogBase::addRow(const QString &label, QWidget *field)
+{
+    if (field->accessibleName().isEmpty() && !label.isEmpty())
+        field->setAccessibleName(label);
+    m_form->addRow(label, field);
+}
+
+void DialogBase::showError(const QString &text)
+{
+    m_error->setText(text);
+    fixSize();
+}
+
+void DialogBase::fixSize()
+{
+    if (!m_leastSize.isValid())
+        m_leastSize = minimumSize();
+    layout()->activate();
+    setFixedSize(sizeHint().expandedTo(m_leastSize));
+}
+
+void DialogBase::showEvent(QShowEvent *event)
+{
+    if (!event->spontaneous()) {
+        takeTitle();
+        showError({});
+    }
+    QDialog::showEvent(event);
+}
