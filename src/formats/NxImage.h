@@ -26,7 +26,8 @@ public:
     const QList<QRgb> &colours() const { return m_colours; }
 
     /// The picture in Format_Indexed8 over 256 colours, its own first. With more than 256 the most
-    /// frequent ones are kept, in order of first appearance, and the other pixels take the nearest.
+    /// frequent ones are kept, in order of first appearance, the other pixels take the nearest, and
+    /// a log line tells it. Null before setImage().
     QImage toIndexed() const;
 
     /// The picture in Format_Indexed8 over the palette's colours, each pixel the entry with the
@@ -34,7 +35,8 @@ public:
     QImage remap(const QPointer<Palette> &palette) const;
 
     /// @p square turned a quarter clockwise if @p rotate, then flipped (top to bottom) and mirrored
-    /// (left to right). Pixel indices move for Format_Indexed8, colours otherwise.
+    /// (left to right). Pixel indices move for Format_Indexed8, colours otherwise; a format that
+    /// has neither 8 nor 32 bits a pixel becomes Format_ARGB32.
     static QImage transformed(const QImage &square, bool rotate, bool flip, bool mirror);
 
 private:

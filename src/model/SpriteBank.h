@@ -31,7 +31,8 @@ public:
         QImage image;
         QHash<QUuid, Animation::State> animations;
 
-        bool operator==(const State &) const = default;
+        /// Compares indices and colour tables, not looks.
+        bool operator==(const State &other) const;
     };
 
     /// One blank sprite; @p parent is the project.
@@ -103,7 +104,9 @@ signals:
     void restored();
 
 public slots:
-    /// Copies the indices of a 16 by 16 image into a sprite.
+    /// Copies the indices of a 16 by 16 image into a sprite and sends imageChanged(). Of a larger
+    /// image the top left part is taken, a smaller one leaves the rest as it was. Nothing if the
+    /// image is not indexed or the index is out of range.
     void setImage(int index, QImage image);
     /// Appends a blank sprite.
     void addSprite(bool emitSignal);
@@ -115,6 +118,16 @@ public slots:
     void updateColour(int index, QColor colour, bool priority);
 
 private:
+    bool contains(int index) const;
+    /// Whether the strip is one that has sprites: indexed and 16 wide.
+    bool isStripValid() const;
+    /// Makes the strip @p sprites longer; what is new is 0.
+    void grow(int sprites);
+    /// The strip without one sprite.
+    QImage stripWithout(int index) const;
+    /// Tells every cell of every animation that a sprite has gone.
+    void renumberCells(int deletedIndex);
+
     int m_transparency = DefaultTransparency;
     QUuid m_id;
     QString m_name;

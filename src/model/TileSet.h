@@ -32,7 +32,8 @@ public:
         int attributes = 0;
         int value = 0;
 
-        bool operator==(const TileState &) const = default;
+        /// Compares indices and colour tables, not looks.
+        bool operator==(const TileState &other) const;
     };
     using State = QList<TileState>;
 
@@ -98,15 +99,16 @@ signals:
 public slots:
     void setName(QString name);
     void setHiRes(bool hiRes);
-    /// Binds a palette, whose colour changes then reach updateColour(). Tile pictures stay as they
-    /// are.
+    /// Binds a palette, or none, whose colour changes then reach updateColour(). Tile pictures stay
+    /// as they are.
     void setPalette(QPointer<Palette> palette);
     void notifyImageChanged(int index);
     /// Reads 8-byte characters from @p filename into the tiles from @p index on, set bits as
     /// @p foreIndex and clear ones as @p backIndex. False if the file cannot be opened or ends
     /// within a character; what was read by then stays.
     bool importZXFont(int index, int foreIndex, int backIndex, int offset, QString filename);
-    /// Matches @p image against the palette and makes it the tile's picture.
+    /// Matches @p image against the palette and makes it the tile's picture, cut to 8 by 8. Without
+    /// a palette or a picture only the offset is set.
     void importImage(int index, QImage image, int offset);
     /// Reads 32-byte tiles into the set, as many as there are of both; their offsets become 0.
     /// Sends nothing. False only if the file cannot be opened.
@@ -119,6 +121,10 @@ public slots:
     void updateColour(int index, QColor colour);
 
 private:
+    bool contains(int index) const;
+    /// The palette's colours, 256 times black without one.
+    QList<QRgb> colourTable() const;
+
     QUuid m_id;
     QUuid m_paletteId;
     QString m_name;

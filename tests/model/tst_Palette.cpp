@@ -1,25 +1,10 @@
 #include "model/Palette.h"
 
-#include <QFile>
+#include "support/TestFiles.h"
+
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-
-namespace {
-
-QByteArray contents(const QString &fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
-bool make(const QString &fileName, const QByteArray &data)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::WriteOnly) && file.write(data) == data.size();
-}
-
-} // namespace
 
 class tst_Palette : public QObject
 {
@@ -269,7 +254,7 @@ void tst_Palette::exportsPalAsTheWordsAlone()
 
     const QByteArray expected =
         QByteArray::fromHex("e380") + QByteArray(508, '\0') + QByteArray::fromHex("ff01");
-    QCOMPARE(contents(path("out.pal")), expected);
+    QCOMPARE(TestFiles::contents(path("out.pal")), expected);
 }
 
 void tst_Palette::exportsNplWithAZeroByteBehind()
@@ -280,7 +265,7 @@ void tst_Palette::exportsNplWithAZeroByteBehind()
     QVERIFY(palette.exportData(path("OUT.NPL")));
 
     const QByteArray expected = QByteArray(510, '\0') + QByteArray::fromHex("ff0100");
-    QCOMPARE(contents(path("OUT.NPL")), expected);
+    QCOMPARE(TestFiles::contents(path("OUT.NPL")), expected);
 }
 
 void tst_Palette::exportingWhereNothingCanBeWrittenFails()
@@ -300,7 +285,7 @@ void tst_Palette::importsEveryWordSilently()
     QSignalSpy edited(&palette, &Palette::colourEdited);
     const QByteArray data =
         QByteArray::fromHex("e380") + QByteArray(508, '\0') + QByteArray::fromHex("ff7f");
-    QVERIFY(make(path("in.pal"), data));
+    QVERIFY(TestFiles::make(path("in.pal"), data));
 
     QVERIFY(palette.importData(path("in.pal")));
 
@@ -336,7 +321,7 @@ void tst_Palette::importRefusesWrongSizes()
     QFETCH(bool, taken);
     Palette palette;
     palette.setWord(200, 0x1234);
-    QVERIFY(make(path(name), QByteArray(size, '\x22')));
+    QVERIFY(TestFiles::make(path(name), QByteArray(size, '\x22')));
 
     QCOMPARE(palette.importData(path(name)), taken);
 
