@@ -1,0 +1,233 @@
+// The canvas as a widget: geometry, scrolling, painting and the events of the mouse.
+
+#include "canvas/Canvas.h"
+#include "canvas/CanvasTool.h"
+#include "canvas/PixelScaler.h"
+#include "model/Palette.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace {
+
+const QColor GridLineColour = QColor::fromRgba64(0xFFFF, 0xFFFF, 0xFFFF, 0x3030);
+
+int stepOf(int delta, int step)
+{
+    return delta > 0 ? step : delta < 0 ? -step : 0;
+}
+
+} // namespace
+
+QSize Canvas::sizeHint() const
+{
+    const QSize pixel = pixelSize();
+    return {image().width() * pixel.width(), image().height() * pixel.height()};
+}
+
+QSize Canvas::minimumSizeHint() const
+{
+    return pixelSize();
+}
+
+QPoint Canvas::pixelAt(QPoint position) const
+{
+    const QPoint inside = position - m_viewRect.topLeft();
+    const QSize pixel = pixelSize();
+    return QPoint(inside.x() / pixel.width(), inside.y() / pixel.height()) +
+           m_scrollOrigin.topLeft();
+}
+
+QRect Canvas::cellRect(const QRect &pixels) const
+{
+    const QSize pixel = pixelSize();
+    const QPoint inside = pixels.topLeft() - m_scrollOrigin.topLeft();
+    return {m_viewRect.left() + inside.x() * pixel.width(),
+            m_viewRect.top() + inside.y() * pixel.height(), pixels.width() * pixel.width(),
+            pixels.height() * pixel.height()};
+}
+
+void Canvas::layoutImage()
+{
+    const QSize pixel = pixelSize();
+    const QSize whole(std::max(1, width() / pixel.width()), std::max(1, height() / pixel.height()));
+    const QSize visible = whole.boundedTo(image().size());
+    const QPoint oldPosition = m_scrollOrigin.topLeft();
+    const QSize range = image().size() - visible;
+    const QPoint position(std::clamp(oldPosition.x(), 0, range.width()),
+                          std::clamp(oldPosition.y(), 0, range.height()));
+    m_scrollOrigin = QRect(position, visible);
+    m_viewRect = QStyle::alignedRect(
+        Qt::LeftToRight, Qt::AlignCenter,
+        QSize(visible.width() * pixel.width(), visible.height() * pixel.height()), rect());
+    placeRubberBand();
+    update();
+    emit scrollValuesChanged(range.width(), range.height());
+    if (position != oldPosition)
+        emit scrollPositionChanged(position);
+}
+
+void Canvas::scrollTo(QPoint position)
+{
+    const QSize range = image().size() - m_scrollOrigin.size();
+    const QPoint target(std::clamp(position.x(), 0, std::max(0, range.width())),
+                        std::clamp(position.y(), 0, std::max(0, range.height())));
+    if (target == m_scrollOrigin.topLeft())
+        return;
+    m_scrollOrigin.moveTopLeft(target);
+    placeRubberBand();
+    update();
+    emit scrollPositionChanged(target);
+}
+
+void Canvas::setHorizontalPosition(int pos)
+{
+    scrollTo({pos, m_scrollOrigin.top()});
+}
+
+void Canvas::setVerticalPosition(int pos)
+{
+    scrollTo({m_scrollOrigin.left(), pos});
+}
+
+void Canvas::setZoomLevel(int level)
+{
+    m_zoom = std::clamp(level, MinZoom, MaxZoom);
+    updateGeometry();
+    layoutImage();
+}
+
+void Canvas::changeZoom(int step)
+{
+    setZoomLevel(m_zoom + step);
+}
+
+void Canvas::resizeEvent(QResizeEvent *)
+{
+    layoutImage();
+}
+
+void Canvas::mousePressEvent(QMouseEvent *event)
+{
+    m_buttons = event->buttons();
+    m_lastPixel = pixelAt(event->position().toPoint());
+    m_shapeStart = m_lastPixel;
+    m_shapeEnd = m_lastPixel;
+    if (!image().isNull())
+        m_tool->mousePressed(event);
+}
+
+void Canvas::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPoint pixel = pixelAt(event->position().toPoint());
+    if (pixel == m_lastPixel)
+        return;
+    m_lastPixel = pixel;
+    m_shapeEnd = pixel;
+    m_buttons = event->buttons();
+    if (image().isNull())
+        return;
+    m_tool->mouseMoved(event);
+    update();
+}
+
+void Canvas::mouseReleaseEvent(QMouseEvent *event)
+{
+    m_lastPixel = pixelAt(event->position().toPoint());
+    if (!image().isNull())
+        m_tool->mouseReleased(event);
+    m_buttons = Qt::NoButton;
+}
+
+void Canvas::wheelEvent(QWheelEvent *event)
+{
+    if (!m_viewRect.contains(event->position().toPoint())) {
+        event->ignore();
+        return;
+    }
+
+    const QPoint delta = event->angleDelta();
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        changeZoom(delta.y() > 0 ? ZoomStep : -ZoomStep);
+        event->accept();
+        return;
+    }
+    const QPoint step(stepOf(delta.x(), ZoomStep), stepOf(delta.y(), ZoomStep));
+    scrollTo(m_scrollOrigin.topLeft() - step);
+}
+
+void Canvas::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    if (image().isNull() || !m_palette)
+        return;
+
+    painter.fillRect(rect(), QWidget::palette().window());
+    painter.drawImage(m_viewRect.topLeft(), viewPicture(previewImage()));
+    if (m_checkersVisible)
+        paintCheckers(painter);
+    if (m_gridLinesVisible)
+        paintGridLines(painter);
+    m_tool->paintOver(painter);
+}
+
+/// The image with what the tool is about to draw.
+QImage Canvas::previewImage()
+{
+    m_previewSurface.setImage(m_surface.image());
+    m_previewSurface.setInk(m_ink);
+    m_previewSurface.setPaper(m_paper);
+    m_tool->preview(m_previewSurface);
+    const QImage preview = m_previewSurface.image();
+    m_previewSurface.setImage(QImage()); // lets the image's next edit do without a copy
+    return preview;
+}
+
+/// The part on view at screen size, kept until the image or the view changes.
+const QImage &Canvas::viewPicture(const QImage &image)
+{
+    const bool isCurrent = m_viewPictureKey == image.cacheKey() &&
+                           m_viewPicturePixels == m_scrollOrigin &&
+                           m_viewPicture.size() == m_viewRect.size();
+    if (!isCurrent) {
+        PixelScaler::scale(image, m_scrollOrigin, pixelSize(), &m_viewPicture);
+        m_viewPictureKey = image.cacheKey();
+        m_viewPicturePixels = m_scrollOrigin;
+    }
+    return m_viewPicture;
+}
+
+void Canvas::paintCheckers(QPainter &painter)
+{
+    const QSize square = pixelSize().expandedTo({GuideStep, GuideStep});
+    if (m_checkerPattern.size() != square * 2) {
+        m_checkerPattern = QImage(square * 2, QImage::Format_ARGB32_Premultiplied);
+        m_checkerPattern.fill(Qt::transparent);
+        QPainter pattern(&m_checkerPattern);
+        for (int i = 0; i < 4; ++i) {
+            QColor colour = m_checkerColours[static_cast<size_t>((i & 1) ^ (i >> 1))];
+            colour.setAlpha(m_checkerAlpha);
+            pattern.fillRect(
+                QRect(QPoint((i & 1) * square.width(), (i >> 1) * square.height()), square),
+                colour);
+        }
+    }
+    painter.setBrushOrigin(m_viewRect.topLeft());
+    painter.fillRect(m_viewRect, QBrush(m_checkerPattern));
+}
+
+void Canvas::paintGridLines(QPainter &painter)
+{
+    const QSize step = pixelSize().expandedTo({GuideStep, GuideStep});
+    QList<QLine> lines;
+    for (int y = m_viewRect.top(); y <= m_viewRect.bottom(); y += step.height())
+        lines.append(QLine(m_viewRect.left(), y, m_viewRect.right(), y));
+    for (int x = m_viewRect.left(); x <= m_viewRect.right(); x += step.width())
+        lines.append(QLine(x, m_viewRect.top(), x, m_viewRect.bottom()));
+    painter.setPen(QPen(GridLineColour, 0));
+    painter.drawLines(lines);
+}

@@ -1,0 +1,34 @@
+#include "canvas/ShapeCanvasTool.h"
+
+#include "canvas/Canvas.h"
+
+namespace {
+
+const QPoint NoCorner(-1, -1);
+
+} // namespace
+
+void ShapeCanvasTool::activate()
+{
+    m_canvas->setCursor(Qt::CrossCursor);
+    m_canvas->m_shapeStart = NoCorner;
+    m_canvas->m_shapeEnd = NoCorner;
+}
+
+void ShapeCanvasTool::mouseReleased(QMouseEvent *)
+{
+    m_canvas->m_beforeImage = m_canvas->image();
+    drawShape(m_canvas->m_surface.pixels(), m_canvas->m_shapeStart, m_canvas->m_shapeEnd,
+              m_canvas->m_surface.ink());
+    m_canvas->m_shapeStart = NoCorner;
+    m_canvas->m_shapeEnd = NoCorner;
+    m_canvas->repaint();
+    emit m_canvas->imageChanged();
+    m_canvas->finishEdit(text(), PixelEditCommand::Kind::Edit);
+}
+
+void ShapeCanvasTool::preview(Layer2Image &surface)
+{
+    if (m_canvas->m_shapeStart != NoCorner)
+        drawShape(surface.pixels(), m_canvas->m_shapeStart, m_canvas->m_shapeEnd, surface.ink());
+}
