@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QHash>
-#include <QList>
 
 #include <array>
 
@@ -10,7 +9,7 @@
 /// Next.
 ///
 /// Squares are given as their pixel indices, row by row. Only equal pixels count as equal: a hash
-/// finds the candidates, and all pixels are compared.
+/// that is the same for all orientations finds the candidate, and all pixels are compared.
 class SquareIndex
 {
 public:
@@ -19,6 +18,7 @@ public:
 
     static constexpr int OrientationCount = 8;
     static constexpr int MaxSide = 16; // pixels
+    static constexpr int SideStep = 8; // pixels
 
     /// Where a square is found: the number of the distinct square, and the orientation number in
     /// which that one shows it.
@@ -30,10 +30,15 @@ public:
         bool operator==(const Orientation &) const = default;
     };
 
-    /// For squares of @p side pixels, at most MaxSide.
+    /// For squares of @p side pixels, 8 or 16.
     explicit SquareIndex(int side);
 
     int count() const { return m_count; }
+    /// The indices of a distinct square, until the next one is added.
+    const uchar *pixels(int tile) const
+    {
+        return reinterpret_cast<const uchar *>(m_pixels.constData()) + area() * tile;
+    }
 
     /// The place of the square whose side * side indices start at @p pixels; a new one is added
     /// behind the others with flags 0. A square with symmetry is found again in the highest of the
@@ -41,15 +46,18 @@ public:
     Orientation place(const uchar *pixels);
 
 private:
-    using Permutation = std::array<quint8, MaxSide * MaxSide>;
+    using Square = std::array<uchar, MaxSide * MaxSide>;
+    using Forms = std::array<Square, OrientationCount>;
 
-    bool shows(Orientation place, const uchar *pixels) const;
-    size_t key(const uchar *pixels) const;
-    void add(const uchar *pixels);
+    qsizetype area() const { return qsizetype(m_side) * m_side; }
+    void makeForms(const uchar *pixels);
+    size_t hash() const;
+    /// The highest orientation in which @p tile shows the first form; -1 if it does not in any.
+    int orientationOf(int tile) const;
 
-    int m_area; // pixels of a square
+    int m_side;
     int m_count = 0;
-    QByteArray m_pixels;                                     // of the distinct squares
-    std::array<Permutation, OrientationCount> m_permutation; // [orientation][pixel]: its source
-    QHash<size_t, Orientation> m_places;
+    QByteArray m_pixels; // of the distinct squares
+    Forms m_forms;       // of the square in hand, by orientation
+    QHash<size_t, int> m_tiles;
 };
