@@ -165,20 +165,21 @@ NxImage::NxImage(QObject *parent)
 
 void NxImage::setImage(const QImage &image)
 {
-    const QImage source = image.format() == QImage::Format_RGB32
-                              ? image
-                              : image.convertToFormat(QImage::Format_RGB32, Qt::NoFormatConversion);
+    // A converted picture is snapped where it stands, so that no third copy of a big one is needed.
+    const QImage source = image; // which may be ours
+    const bool isConverted = source.format() != QImage::Format_RGB32;
+    m_image = isConverted ? source.convertToFormat(QImage::Format_RGB32, Qt::NoFormatConversion)
+                          : QImage(source.size(), QImage::Format_RGB32);
     m_colours.clear();
-    m_image = QImage(source.size(), QImage::Format_RGB32);
     if (m_image.isNull())
         return;
 
     const ColourGrid &grid = ColourGrid::instance();
     std::array<bool, ColourGrid::Size> seen{};
-    for (int y = 0; y < source.height(); ++y) {
-        const QRgb *from = pixels(source, y);
+    for (int y = 0; y < m_image.height(); ++y) {
         auto *to = reinterpret_cast<QRgb *>(m_image.scanLine(y));
-        for (int x = 0; x < source.width(); ++x) {
+        const QRgb *from = isConverted ? to : pixels(source, y);
+        for (int x = 0; x < m_image.width(); ++x) {
             const size_t place = grid.place(from[x]);
             to[x] = grid.colour(place);
             if (!seen[place]) {

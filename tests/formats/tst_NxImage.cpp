@@ -168,6 +168,9 @@ void tst_NxImage::aSecondPictureReplacesTheFirst()
 
     QCOMPARE(picture.colours(), QList<QRgb>{qRgb(0, 0, 255)});
     QCOMPARE(picture.image().size(), QSize(1, 1));
+
+    picture.setImage(picture.image());
+    QCOMPARE(picture.image().pixel(0, 0), qRgb(0, 0, 255));
 }
 
 void tst_NxImage::doesNotTouchThePictureItIsGiven()
