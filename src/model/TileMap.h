@@ -1,8 +1,8 @@
 #pragma once
 
 #include "model/Enums.h"
+#include "model/TileCache.h"
 
-#include <QHash>
 #include <QImage>
 #include <QList>
 #include <QObject>
@@ -36,13 +36,18 @@ public:
     };
     using Rows = QList<QList<TileData>>;
 
-    static constexpr int CellSide = 8;            // pixels
-    static constexpr qint64 MaxCells = 1LL << 27; // of a map, whoever asks for it
+    static constexpr int CellSide = TileCache::Side; // pixels
+    /// A larger map is never made: the callers refuse before they ask for one.
+    static constexpr qint64 MaxCells = qint64(1) << 27;
+    static constexpr int MaxEmptySide = 65535; // of a map whose other side is 0
 
+    /// No side is negative, and neither limit is passed.
+    static bool isAllowed(QSize size);
     /// The clipboard's name for toData().
     static QString mimeType();
 
-    /// All cells zero; @p parent is the project.
+    /// All cells zero; @p parent is the project. A size that is not allowed makes a map of no
+    /// cells.
     explicit TileMap(QSize size, QObject *parent = nullptr);
 
     QUuid id() const { return m_id; }
@@ -60,12 +65,16 @@ public:
     bool contains(QPoint position) const { return rect().contains(position); }
     /// The cell at a position inside the map.
     const TileData &cell(QPoint position) const { return m_rows.at(position.y()).at(position.x()); }
-    /// Writes a cell inside the map and redraws it in the cached picture. Sends nothing.
+    /// Writes a cell and redraws it in the cached picture, if there is one. Sends nothing; outside
+    /// the map it does nothing.
     void setCell(QPoint position, const TileData &data);
 
+    /// The part of @p rect inside the map, for any rectangle that a file can hold.
+    QRect insidePart(QRect rect) const;
     /// Sets the cells of @p rect inside the map to tile 0 with that tile's own offset.
     void fill(QRect rect, bool occupied);
 
+    /// One row or column of zero cells more; nothing if the map were not allowed then.
     void addRow(Tessaril::Position position);
     void addColumn(Tessaril::Position position);
     /// The caller keeps the size at 1 or more.
@@ -73,10 +82,12 @@ public:
     void removeColumn(Tessaril::Position position);
 
     /// Takes a new size; @p alignment says where the old content stays. Returns its shift in cells,
-    /// negative when it moved left or up. Does not send tilesChanged().
+    /// negative when it moved left or up. Does not send tilesChanged(). A size that is not allowed
+    /// changes nothing.
     QPoint resize(QSize size, Qt::Alignment alignment);
 
-    /// Replaces all rows, takes the size from them and sends tilesChanged().
+    /// Replaces all rows, takes the size from them and sends tilesChanged(). Every row gets the
+    /// length of the first.
     void setTiles(const Rows &rows);
 
     /// Binds a tile set, whose swaps and changes the map then follows. Null is allowed.
@@ -87,7 +98,8 @@ public:
     void adjustIndices(int index, int direction);
 
     /// The cells of @p rect as an indexed picture, @p scale screen pixels a cell. Colours i with
-    /// (i & 15) == @p transparentIndex have alpha 0, all others are opaque; -1 for none.
+    /// (i & 15) == @p transparentIndex have alpha 0, all others are opaque; -1 for none. Pixels
+    /// outside the map are 0.
     QImage picture(QRect rect, double scale, int transparentIndex);
 
     /// Height, width, the cells of @p rect row by row and the tile set's id, as a big-endian
@@ -102,21 +114,24 @@ signals:
 
 private:
     void swapTiles(int first, int second);
+    bool hasPicture() const;
     void dropPicture();
+    QImage drawn(QRect cells);
+    void drawRow(uchar *to, qsizetype stride, int y, int left, int right);
+    TileCache::Pixels pixelsOf(const TileData &data) const;
+    void paint(QPoint position, const TileCache::Pixels &pixels);
 
     QUuid m_id;
     int m_width;
     int m_height;
     Rows m_rows;
     QPointer<TileSet> m_tiles;
-    QImage m_image; // null when it must be drawn again
-    TileSet *m_drawnTiles = nullptr;
-    QHash<TileData, QImage> m_tileCache;
+    QImage m_image;                  // null when it must be drawn again
+    TileSet *m_drawnTiles = nullptr; // what the picture was drawn with; only compared
+    QUuid m_drawnPalette;            // null for none
+    TileCache m_tileCache;
     int m_cacheHits = 0;
     bool m_visible = true;
 };
-
-/// A picture does not depend on `occupied`, and so neither does its key.
-size_t qHash(const TileMap::TileData &data, size_t seed = 0);
 
 Q_DECLARE_METATYPE(TileMap::TileData)
