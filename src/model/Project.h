@@ -124,7 +124,7 @@ public slots:
     QPointer<TileSet> cloneTileSet(QUuid id);
 
 private:
-    friend class ProjectReader;
+    friend class ProjectReader; // fills the fields of an empty project
 
     void moveSpriteReferences(const QUuid &bank, int from, int to);
     void deleteSpriteReferences(const QUuid &bank, int index);

@@ -23,13 +23,14 @@ public:
 
     /// Ends the open project and makes a new one.
     QPointer<Project> create(const QString &name);
-    /// Replaces the open project by that of a file. On failure sends loadError(), and no project is
-    /// open.
+    /// Replaces the open project by that of a file, or by what an interrupted save of it moved
+    /// aside. On failure sends loadError(), and no project is open.
     bool load(const QString &filePath);
     /// Writes the project to fileName(). With @p backup the file that was there becomes
     /// "<file>.bak". On failure sends saveError(); the project stays in memory and a loadable one
     /// on disk.
     bool save(bool backup);
+    /// Ends the open project and forgets the name of its file.
     void close();
     /// SHA-1 over the project's content without the list of open tabs; empty with no project. Only
     /// to be compared with another digest of the same run.
@@ -50,6 +51,10 @@ public slots:
     void exportPalette(QString dir, QUuid id);
 
 private:
+    bool loadFrom(const QString &filePath, QString *error);
+    bool loadSibling(const QString &filePath);
+    bool write(bool backup, QString *error);
+
     QString m_fileName;
     QPointer<Project> m_project;
 };

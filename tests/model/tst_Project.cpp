@@ -1,0 +1,632 @@
+#include "model/Project.h"
+
+#include "model/Image.h"
+#include "model/Map.h"
+#include "model/MapObjects.h"
+#include "model/Palette.h"
+#include "model/SpriteBank.h"
+#include "model/Tile.h"
+#include "model/TileSet.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+class tst_Project : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void aNewProjectHasTheDefaults();
+    void lookupsNeverAddAnEntry();
+    void theNullIdIsNeverFound();
+
+    void createdPalettesAreAnnouncedInOrder();
+    void createPaletteCopiesTheWordsOnly();
+    void createPaletteFillsByAction_data();
+    void createPaletteFillsByAction();
+    void createTileSetWithoutPaletteMakesOne();
+    void createTileSetAnnouncesAllNames();
+    void createTileSetHasItsDefaults();
+    void createBlockListBindsAndAnnounces();
+    void createMapMakesBothLayers();
+    void createMapNeedsATileSetAndAPossibleSize();
+    void createSpriteBankBindsAKnownPalette();
+    void createImageBindsAKnownPalette();
+    void paletteNamesListsAll();
+
+    void cloningThePaletteLeavesItsTransparencyBehind();
+    void cloningAHiResTileSetLosesTheFlag();
+    void aClonedTileIsACopy();
+    void cloningATileSetWithoutPaletteMakesOne();
+    void cloningAMapCopiesTheTileLayerOnly();
+    void cloningAnUnknownIdGivesNothing();
+
+    void aBoundPaletteCannotBeDeleted_data();
+    void aBoundPaletteCannotBeDeleted();
+    void theScratchPaletteCannotBeDeleted();
+    void aTileSetOfAMapCannotBeDeleted();
+    void aTileSetOfABlockListCanBeDeleted();
+    void blocksCannotBeDeletedWhileAMapUsesTheirTileSet();
+    void mapsAndBanksAreAlwaysDeleted();
+    void unknownIdsCountAsDeleted();
+
+    void movedSpritesArePlacedOn_data();
+    void movedSpritesArePlacedOn();
+    void aDeletedSpriteIsTakenOffTheMaps();
+    void spritesOfOtherBanksAndAnimationsStay();
+
+    void aLaterDocumentReplacesOneWithItsId();
+    void deletingTheProjectDeletesItsDocuments();
+
+private:
+    Map *mapWithSprites(const QList<int> &sprites);
+    QList<int> placed() const;
+
+    std::unique_ptr<Project> m_project;
+    SpriteBank *m_bank = nullptr;
+    Map *m_map = nullptr;
+};
+
+namespace {
+
+using Strings = QStringList;
+
+/// The messages of showMessage() with their durations.
+QStringList messages(const QSignalSpy &spy)
+{
+    QStringList list;
+    for (const auto &arguments : spy)
+        list += arguments.at(0).toString() + u' ' + arguments.at(1).toString();
+    return list;
+}
+
+QSignalSpy messageSpy(Project *project)
+{
+    return QSignalSpy(project, qOverload<QString, int>(&Project::showMessage));
+}
+
+} // namespace
+
+void tst_Project::init()
+{
+    m_project = std::make_unique<Project>();
+}
+
+void tst_Project::cleanup()
+{
+    m_project.reset();
+    m_bank = nullptr;
+    m_map = nullptr;
+}
+
+/// A map on which these sprites of m_bank stand, and one animation and one sprite of another bank.
+Map *tst_Project::mapWithSprites(const QList<int> &sprites)
+{
+    m_bank = m_project->createSpriteBank(Tessaril::Sprite::FourBit, "bank", QUuid());
+    const auto tiles = m_project->createTileSet("tiles", QUuid(), 4);
+    m_map = m_project->createMap("map", tiles->id(), {4, 4});
+    for (const int sprite : sprites) {
+        Map::PlacedSprite placedSprite;
+        placedSprite.bank = m_bank->id();
+        placedSprite.sprite = sprite;
+        m_map->sprites().append(placedSprite);
+    }
+    return m_map;
+}
+
+QList<int> tst_Project::placed() const
+{
+    QList<int> sprites;
+    for (const Map::PlacedSprite &sprite : m_map->sprites())
+        sprites += sprite.sprite;
+    return sprites;
+}
+
+void tst_Project::aNewProjectHasTheDefaults()
+{
+    QVERIFY(!m_project->id().isNull());
+    QCOMPARE(m_project->name(), QStringLiteral("untitled"));
+    QCOMPARE(m_project->screenSize(), QSize(320, 256));
+    QCOMPARE(m_project->playArea(), QRect(QPoint(0, 0), QPoint(319, 255)));
+    QVERIFY(m_project->scratchPaletteId().isNull());
+    QVERIFY(!m_project->scratchPalette());
+    QVERIFY(m_project->openDocuments().isEmpty());
+    const QImage scratch = m_project->scratchImage();
+    QCOMPARE(scratch.size(), QSize(256, 192));
+    QCOMPARE(scratch.format(), QImage::Format_Indexed8);
+    QCOMPARE(QByteArray(reinterpret_cast<const char *>(scratch.constBits()), 256 * 192),
+             QByteArray(256 * 192, '\0'));
+}
+
+void tst_Project::lookupsNeverAddAnEntry()
+{
+    const QUuid id = QUuid::createUuid();
+
+    QVERIFY(!m_project->palette(id));
+    QVERIFY(!m_project->tileSet(id));
+    QVERIFY(!m_project->map(id));
+    QVERIFY(!m_project->blocks(id));
+    QVERIFY(!m_project->spriteBank(id));
+    QVERIFY(!m_project->image(id));
+    QVERIFY(m_project->palettes().isEmpty());
+    QVERIFY(m_project->tileSets().isEmpty());
+    QVERIFY(m_project->maps().isEmpty());
+    QVERIFY(m_project->mapObjects().isEmpty());
+    QVERIFY(m_project->spriteBanks().isEmpty());
+    QVERIFY(m_project->images().isEmpty());
+}
+
+void tst_Project::theNullIdIsNeverFound()
+{
+    auto *palette = new Palette(m_project.get());
+    palette->setId(QUuid());
+    m_project->addPalette(palette);
+
+    QVERIFY(!m_project->palette(QUuid()));
+    QVERIFY(!m_project->scratchPalette());
+    QCOMPARE(m_project->palettes().size(), 1);
+}
+
+void tst_Project::createdPalettesAreAnnouncedInOrder()
+{
+    QStringList order;
+    connect(m_project.get(), qOverload<QString, int>(&Project::showMessage), this,
+            [&](const QString &text, int ms) { order += text + QString::number(ms); });
+    connect(m_project.get(), &Project::paletteCreated, this,
+            [&](const QPointer<Palette> &palette) { order += palette->name(); });
+
+    const auto palette = m_project->createPalette(CreateBlank, "Night");
+
+    QCOMPARE(order, (Strings{"New palette added: Night2500", "Night"}));
+    QCOMPARE(m_project->palette(palette->id()), palette);
+    QCOMPARE(palette->parent(), m_project.get());
+}
+
+void tst_Project::createPaletteCopiesTheWordsOnly()
+{
+    const auto source = m_project->createPalette(CreateDefault, "source");
+    source->setWord(9, 0x1281);
+    source->setTransparencyIndex(5);
+
+    const auto copy = m_project->createPalette(CreateCopy, "copy", source->id());
+    const auto orphan = m_project->createPalette(CreateCopy, "orphan", QUuid::createUuid());
+
+    for (int i = 0; i < Palette::Size; ++i) {
+        QCOMPARE(copy->word(i), source->word(i));
+        QCOMPARE(orphan->word(i), quint16(0));
+    }
+    QCOMPARE(copy->transparencyIndex(), -1);
+}
+
+void tst_Project::createPaletteFillsByAction_data()
+{
+    QTest::addColumn<int>("action");
+    QTest::addColumn<QRgb>("lastColour");
+    QTest::newRow("empty") << int(CreateEmpty) << qRgb(0, 0, 0);
+    QTest::newRow("blank") << int(CreateBlank) << qRgb(0, 0, 0);
+    QTest::newRow("default") << int(CreateDefault) << qRgb(255, 255, 255);
+}
+
+void tst_Project::createPaletteFillsByAction()
+{
+    QFETCH(int, action);
+    QFETCH(QRgb, lastColour);
+
+    const auto palette = m_project->createPalette(CreateAction(action), "palette");
+
+    QCOMPARE(palette->colour(0).rgb(), qRgb(0, 0, 0));
+    QCOMPARE(palette->colour(255).rgb(), lastColour);
+}
+
+void tst_Project::createTileSetWithoutPaletteMakesOne()
+{
+    QSignalSpy palettes(m_project.get(), &Project::paletteCreated);
+    QSignalSpy tileSets(m_project.get(), &Project::tilesetCreated);
+    QSignalSpy shown = messageSpy(m_project.get());
+
+    const auto tileSet = m_project->createTileSet("Rocks", QUuid(), 16);
+
+    QCOMPARE(palettes.count(), 1);
+    QCOMPARE(tileSets.count(), 1);
+    QCOMPARE(messages(shown),
+             (Strings{"New palette added: Rocks 2500", "New tile set added: Rocks 2500"}));
+    const auto palette = tileSet->palette();
+    QVERIFY(palette);
+    QCOMPARE(palette->name(), QStringLiteral("Rocks"));
+    QCOMPARE(palette->word(255), quint16(0));
+    QCOMPARE(m_project->palettes(), QList{palette});
+}
+
+void tst_Project::createTileSetAnnouncesAllNames()
+{
+    const auto palette = m_project->createPalette(CreateBlank, "palette");
+    const auto first = m_project->createTileSet("first", palette->id(), 1);
+    QSignalSpy changed(m_project.get(), &Project::tileSetsChanged);
+
+    const auto second = m_project->createTileSet("second", palette->id(), 1);
+
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE((changed.at(0).at(0).value<QHash<QUuid, QString>>()),
+             (QHash<QUuid, QString>{{first->id(), "first"}, {second->id(), "second"}}));
+}
+
+void tst_Project::createTileSetHasItsDefaults()
+{
+    const auto palette = m_project->createPalette(CreateBlank, "palette");
+
+    const auto plain = m_project->createTileSet("plain", palette->id());
+    const auto counted = m_project->createTileSet("counted", palette->id(), 256);
+    const auto full = m_project->createTileSet("full", palette->id(), 3, true);
+
+    QCOMPARE(plain->count(), 512);
+    QVERIFY(!plain->hiRes());
+    QCOMPARE(counted->count(), 256);
+    QVERIFY(!counted->hiRes());
+    QCOMPARE(full->count(), 3);
+    QVERIFY(full->hiRes());
+    QCOMPARE(full->paletteId(), palette->id());
+    QCOMPARE(m_project->palettes().size(), 1);
+}
+
+void tst_Project::createBlockListBindsAndAnnounces()
+{
+    const auto tiles = m_project->createTileSet("tiles", QUuid(), 4);
+    QSignalSpy created(m_project.get(), &Project::blocksCreated);
+    QSignalSpy shown = messageSpy(m_project.get());
+
+    const auto blocks = m_project->createBlockList("Doors", tiles->id());
+
+    QCOMPARE(blocks->name(), QStringLiteral("Doors"));
+    QCOMPARE(blocks->tileSet(), tiles);
+    QCOMPARE(m_project->blocks(blocks->id()), blocks);
+    QVERIFY(tiles->blockLists().contains(blocks->id()));
+    QCOMPARE(created.count(), 1);
+    QCOMPARE(created.at(0).at(0).value<QPointer<MapObjects>>(), blocks);
+    QCOMPARE(messages(shown), Strings{"New block set added: Doors 2500"});
+}
+
+void tst_Project::createMapMakesBothLayers()
+{
+    const auto tiles = m_project->createTileSet("tiles", QUuid(), 4);
+    QSignalSpy created(m_project.get(), &Project::mapCreated);
+    QSignalSpy shown = messageSpy(m_project.get());
+
+    const auto map = m_project->createMap("Level", tiles->id(), {7, 5});
+
+    QCOMPARE(map->name(), QStringLiteral("Level"));
+    QCOMPARE(map->tileSet(), tiles);
+    QCOMPARE(map->tileLayer()->size(), QSize(7, 5));
+    QCOMPARE(map->objectLayer()->size(), QSize(7, 5));
+    QVERIFY(map->tileLayer()->isVisible());
+    QVERIFY(!map->objectLayer()->isVisible());
+    QCOMPARE(map->objectLayer()->tileSet(), tiles);
+    QCOMPARE(m_project->map(map->id()), map);
+    QCOMPARE(created.count(), 1);
+    QCOMPARE(created.at(0).at(0).value<QPointer<Map>>(), map);
+    QCOMPARE(shown.count(), 0);
+}
+
+void tst_Project::createMapNeedsATileSetAndAPossibleSize()
+{
+    const auto tiles = m_project->createTileSet("tiles", QUuid(), 4);
+    QSignalSpy created(m_project.get(), &Project::mapCreated);
+
+    QVERIFY(!m_project->createMap("Level", QUuid::createUuid(), {7, 5}));
+    QVERIFY(!m_project->createMap("Level", tiles->id(), {1 << 14, (1 << 13) + 1}));
+    QVERIFY(!m_project->createMap("Level", tiles->id(), {-1, 5}));
+    QVERIFY(m_project->maps().isEmpty());
+    QCOMPARE(created.count(), 0);
+}
+
+void tst_Project::createSpriteBankBindsAKnownPalette()
+{
+    const auto palette = m_project->createPalette(CreateDefault, "palette");
+    QSignalSpy created(m_project.get(), &Project::spritesCreated);
+    QSignalSpy shown = messageSpy(m_project.get());
+
+    const auto bank =
+        m_project->createSpriteBank(Tessaril::Sprite::EightBit, "Hero", palette->id());
+    const auto bare =
+        m_project->createSpriteBank(Tessaril::Sprite::FourBit, "Bare", QUuid::createUuid());
+
+    QCOMPARE(bank->name(), QStringLiteral("Hero"));
+    QCOMPARE(bank->depth(), Tessaril::Sprite::EightBit);
+    QCOMPARE(bank->palette(), palette);
+    QVERIFY(!bare->palette());
+    QCOMPARE(m_project->spriteBank(bare->id()), bare);
+    QCOMPARE(created.count(), 2);
+    QCOMPARE(created.at(0).at(0).value<QPointer<SpriteBank>>(), bank);
+    QCOMPARE(shown.count(), 0);
+}
+
+void tst_Project::createImageBindsAKnownPalette()
+{
+    const auto palette = m_project->createPalette(CreateDefault, "palette");
+    QSignalSpy created(m_project.get(), &Project::imageCreated);
+    QSignalSpy shown = messageSpy(m_project.get());
+
+    using Tessaril::ImageMode;
+    const auto image = m_project->createImage(ImageMode::LoRes_128x96, "Title", palette->id());
+    const auto bare = m_project->createImage(ImageMode::Layer2_256x192, "Bare", QUuid());
+
+    QCOMPARE(image->name(), QStringLiteral("Title"));
+    QCOMPARE(image->palette(), palette);
+    QCOMPARE(image->image().size(), QSize(128, 96));
+    QVERIFY(!bare->palette());
+    QCOMPARE(m_project->image(bare->id()), bare);
+    QCOMPARE(created.count(), 2);
+    QCOMPARE(created.at(0).at(0).value<QPointer<Image>>(), image);
+    QCOMPARE(shown.count(), 0);
+}
+
+void tst_Project::paletteNamesListsAll()
+{
+    m_project->createPalette(CreateBlank, "b");
+    m_project->createPalette(CreateBlank, "a");
+
+    QStringList names = m_project->paletteNames();
+    names.sort();
+    QCOMPARE(names, (Strings{"a", "b"}));
+}
+
+void tst_Project::cloningThePaletteLeavesItsTransparencyBehind()
+{
+    const auto source = m_project->createPalette(CreateDefault, "Day");
+    source->setTransparencyIndex(5);
+    source->setWord(9, 0x1281);
+    QSignalSpy created(m_project.get(), &Project::paletteCreated);
+
+    const auto copy = m_project->clonePalette(source->id());
+
+    QCOMPARE(copy->name(), QStringLiteral("Day (copy)"));
+    QCOMPARE(copy->transparencyIndex(), -1);
+    for (int i = 0; i < Palette::Size; ++i)
+        QCOMPARE(copy->word(i), source->word(i));
+    QCOMPARE(created.count(), 1);
+}
+
+void tst_Project::cloningAHiResTileSetLosesTheFlag()
+{
+    const auto source = m_project->createTileSet("Rocks", QUuid(), 256, true);
+    QSignalSpy created(m_project.get(), &Project::tilesetCreated);
+
+    const auto copy = m_project->cloneTileSet(source->id());
+
+    QCOMPARE(copy->count(), 256);
+    QVERIFY(!copy->hiRes());
+    QCOMPARE(copy->name(), QStringLiteral("Rocks (copy)"));
+    QCOMPARE(copy->palette(), source->palette());
+    QCOMPARE(created.count(), 1);
+}
+
+void tst_Project::aClonedTileIsACopy()
+{
+    const auto source = m_project->createTileSet("Rocks", QUuid(), 2);
+    QImage image = source->tile(1)->image();
+    image.setPixel(3, 4, 9);
+    source->tile(1)->setImage(image);
+    source->tile(1)->setOffset(7);
+    source->tile(1)->setAttributes(Tile::TA_LADDER);
+    source->tile(1)->setValue(42);
+
+    const auto copy = m_project->cloneTileSet(source->id());
+
+    QCOMPARE(copy->state(), source->state());
+    QVERIFY(copy->tile(1) != source->tile(1));
+    QCOMPARE(copy->tile(1)->parent(), copy.data());
+}
+
+void tst_Project::cloningATileSetWithoutPaletteMakesOne()
+{
+    auto *source = new TileSet(m_project.get(), 1);
+    source->setName("Rocks");
+    m_project->addTileSet(source);
+
+    const auto copy = m_project->cloneTileSet(source->id());
+
+    QVERIFY(copy->palette());
+    QCOMPARE(copy->palette()->name(), QStringLiteral("Rocks (copy)"));
+}
+
+void tst_Project::cloningAMapCopiesTheTileLayerOnly()
+{
+    Map *map = mapWithSprites({1, 2});
+    map->tileLayer()->setCell({1, 2}, {3, true, false, true, 4, true});
+    map->objectLayer()->setCell({0, 0}, {2, false, false, false, 0, true});
+    map->addAnimation({QUuid::createUuid(), QRect(0, 0, 1, 1), 0, 0, 0});
+    map->setTileTransparencyIndex(3);
+    map->setBackgroundTileIndex(2);
+
+    const auto copy = m_project->cloneMap(map->id());
+
+    QCOMPARE(copy->name(), QStringLiteral("map (copy)"));
+    QCOMPARE(copy->tileSet(), map->tileSet());
+    QCOMPARE(copy->tileLayer()->rows(), map->tileLayer()->rows());
+    QCOMPARE(copy->objectLayer()->cell({0, 0}), TileMap::TileData());
+    QVERIFY(copy->state().animations.isEmpty());
+    QVERIFY(copy->sprites().isEmpty());
+    QCOMPARE(copy->tileTransparencyIndex(), -1);
+    QCOMPARE(copy->backgroundTileIndex(), -1);
+}
+
+void tst_Project::cloningAnUnknownIdGivesNothing()
+{
+    QSignalSpy shown = messageSpy(m_project.get());
+
+    QVERIFY(!m_project->cloneMap(QUuid::createUuid()));
+    QVERIFY(!m_project->clonePalette(QUuid::createUuid()));
+    QVERIFY(!m_project->cloneTileSet(QUuid::createUuid()));
+    QCOMPARE(shown.count(), 0);
+}
+
+void tst_Project::aBoundPaletteCannotBeDeleted_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::newRow("tile set") << 0;
+    QTest::newRow("sprite bank") << 1;
+    QTest::newRow("image") << 2;
+}
+
+void tst_Project::aBoundPaletteCannotBeDeleted()
+{
+    QFETCH(int, kind);
+    const auto bound = m_project->createPalette(CreateBlank, "bound");
+    const auto free = m_project->createPalette(CreateBlank, "free");
+    if (kind == 0)
+        m_project->createTileSet("user", bound->id(), 1);
+    if (kind == 1)
+        m_project->createSpriteBank(Tessaril::Sprite::FourBit, "user", bound->id());
+    if (kind == 2)
+        m_project->createImage(Tessaril::ImageMode::LoRes_128x96, "user", bound->id());
+
+    QVERIFY(!m_project->deletePalette(bound->id()));
+    QVERIFY(m_project->deletePalette(free->id()));
+
+    QVERIFY(bound);
+    QVERIFY(!free);
+    QCOMPARE(m_project->palettes(), QList{bound});
+}
+
+void tst_Project::theScratchPaletteCannotBeDeleted()
+{
+    const auto palette = m_project->createPalette(CreateBlank, "scratch");
+    m_project->setScratchPaletteId(palette->id());
+
+    QVERIFY(!m_project->deletePalette(palette->id()));
+    QCOMPARE(m_project->scratchPalette(), palette);
+}
+
+void tst_Project::aTileSetOfAMapCannotBeDeleted()
+{
+    const auto tiles = m_project->createTileSet("tiles", QUuid(), 1);
+    const auto map = m_project->createMap("map", tiles->id(), {1, 1});
+
+    QVERIFY(!m_project->deleteTileSet(tiles->id()));
+    QVERIFY(m_project->deleteMap(map->id()));
+    QVERIFY(m_project->deleteTileSet(tiles->id()));
+    QVERIFY(!tiles);
+}
+
+void tst_Project::aTileSetOfABlockListCanBeDeleted()
+{
+    const auto tiles = m_project->createTileSet("tiles", QUuid(), 1);
+    const auto blocks = m_project->createBlockList("blocks", tiles->id());
+
+    QVERIFY(m_project->deleteTileSet(tiles->id()));
+
+    QVERIFY(blocks);
+    QVERIFY(!blocks->tileSet());
+}
+
+void tst_Project::blocksCannotBeDeletedWhileAMapUsesTheirTileSet()
+{
+    const auto tiles = m_project->createTileSet("tiles", QUuid(), 1);
+    const auto used = m_project->createBlockList("used", tiles->id());
+    m_project->createMap("map", tiles->id(), {1, 1});
+    const auto others = m_project->createTileSet("others", QUuid(), 1);
+    const auto unused = m_project->createBlockList("unused", others->id());
+
+    QVERIFY(!m_project->deleteBlocks(used->id()));
+    QVERIFY(m_project->deleteBlocks(unused->id()));
+
+    QVERIFY(used);
+    QVERIFY(!unused);
+}
+
+void tst_Project::mapsAndBanksAreAlwaysDeleted()
+{
+    const QPointer<Map> map = mapWithSprites({0});
+    const QPointer<SpriteBank> bank = m_bank;
+
+    QVERIFY(m_project->deleteSpriteBank(bank->id()));
+    QVERIFY(!bank);
+    QCOMPARE(map->sprites().size(), 1);
+    QVERIFY(m_project->deleteMap(map->id()));
+    QVERIFY(!map);
+    QVERIFY(m_project->maps().isEmpty());
+}
+
+void tst_Project::unknownIdsCountAsDeleted()
+{
+    const QUuid id = QUuid::createUuid();
+
+    QVERIFY(m_project->deletePalette(id));
+    QVERIFY(m_project->deleteTileSet(id));
+    QVERIFY(m_project->deleteBlocks(id));
+    QVERIFY(m_project->deleteMap(id));
+    QVERIFY(m_project->deleteSpriteBank(id));
+}
+
+void tst_Project::movedSpritesArePlacedOn_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::addColumn<QList<int>>("after");
+    QTest::newRow("up") << 2 << 5 << QList{-1, 1, 5, 2, 3, 4, 6};
+    QTest::newRow("down") << 5 << 2 << QList{-1, 1, 3, 4, 5, 2, 6};
+    QTest::newRow("nowhere") << 3 << 3 << QList{-1, 1, 2, 3, 4, 5, 6};
+}
+
+void tst_Project::movedSpritesArePlacedOn()
+{
+    QFETCH(int, from);
+    QFETCH(int, to);
+    QFETCH(QList<int>, after);
+    mapWithSprites({-1, 1, 2, 3, 4, 5, 6});
+
+    emit m_bank->spriteMoved(from, to);
+
+    QCOMPARE(placed(), after);
+}
+
+void tst_Project::aDeletedSpriteIsTakenOffTheMaps()
+{
+    mapWithSprites({-1, 3, 2, 4, 3, 9});
+
+    emit m_bank->spriteDeleted(3);
+
+    QCOMPARE(placed(), (QList{-1, 2, 3, 8}));
+}
+
+void tst_Project::spritesOfOtherBanksAndAnimationsStay()
+{
+    Map *map = mapWithSprites({3, 3});
+    map->sprites()[0].animation = QUuid::createUuid();
+    map->sprites()[1].bank = QUuid::createUuid();
+
+    emit m_bank->spriteMoved(3, 0);
+    QCOMPARE(placed(), (QList{3, 3}));
+    emit m_bank->spriteDeleted(3);
+    QCOMPARE(placed(), (QList{3, 3}));
+}
+
+void tst_Project::aLaterDocumentReplacesOneWithItsId()
+{
+    const auto first = m_project->createPalette(CreateBlank, "first");
+    auto *second = new Palette(m_project.get());
+    second->setId(first->id());
+
+    m_project->addPalette(second);
+
+    QVERIFY(!first);
+    QCOMPARE(m_project->palettes(), QList<QPointer<Palette>>{second});
+}
+
+void tst_Project::deletingTheProjectDeletesItsDocuments()
+{
+    QStringList order;
+    const QPointer<Map> map = mapWithSprites({0});
+    connect(map, &QObject::destroyed, this, [&] { order += "map"; });
+    connect(map->tileSet(), &QObject::destroyed, this, [&] { order += "tile set"; });
+    connect(map->tileSet()->palette(), &QObject::destroyed, this, [&] { order += "palette"; });
+
+    m_project.reset();
+
+    QCOMPARE(order, (Strings{"map", "tile set", "palette"}));
+}
+
+QTEST_GUILESS_MAIN(tst_Project)
+#include "tst_Project.moc"
