@@ -27,8 +27,8 @@ LicenceDialog::LicenceDialog(QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(text);
     layout->addWidget(buttons);
-    // The text is broken at 80 letters already.
-    constexpr int Letters = 86;
+    // The lines of the text end within 80 letters.
+    constexpr int Letters = 92; // with the scroll bar and the margins
     constexpr int Lines = 26;
     resize(text->fontMetrics().averageCharWidth() * Letters, text->fontMetrics().height() * Lines);
 }
