@@ -1,6 +1,7 @@
 #include "uikit/ThemedIcon.h"
 
 #include <QFile>
+#include <QPainter>
 #include <QPixmap>
 #include <QSvgRenderer>
 #include <QTest>
@@ -119,6 +120,8 @@ class tst_Resources : public QObject
 private slots:
     void eachIconIsTintableSvgThatDraws_data();
     void eachIconIsTintableSvgThatDraws();
+    void iconsKeepClearOfTheirEdges_data();
+    void iconsKeepClearOfTheirEdges();
     void iconsAreIdenticalExactlyWhereShared();
     void picturesHaveTheirSizes_data();
     void picturesHaveTheirSizes();
@@ -152,6 +155,24 @@ void tst_Resources::eachIconIsTintableSvgThatDraws()
         const double inked = coverage(image);
         QVERIFY2(inked > 0.08 && inked < 0.9, qPrintable(QString::number(inked)));
     }
+}
+
+void tst_Resources::iconsKeepClearOfTheirEdges_data()
+{
+    eachIconIsTintableSvgThatDraws_data();
+}
+
+void tst_Resources::iconsKeepClearOfTheirEdges()
+{
+    QFETCH(QString, path);
+    QImage image = themedIcon(path).pixmap(QSize(48, 48), 1.0).toImage();
+
+    QPainter painter(&image);
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    painter.fillRect(image.rect().adjusted(1, 1, -1, -1), Qt::black);
+    painter.end();
+
+    QCOMPARE(coverage(image), 0.0);
 }
 
 void tst_Resources::iconsAreIdenticalExactlyWhereShared()
