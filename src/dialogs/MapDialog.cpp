@@ -1,7 +1,7 @@
 #include "dialogs/MapDialog.h"
 
 #include "dialogs/DocumentCombo.h"
-#include "dialogs/MapSizeLimit.h"
+#include "model/TileMap.h"
 
 #include <QLineEdit>
 #include <QSpinBox>
@@ -55,7 +55,7 @@ QString MapDialog::validationError() const
         return tr("Name is required");
     if (m_tileSets->currentText().isEmpty())
         return tr("Select a tile set");
-    if (MapSizeLimit::isTooLarge(mapSize()))
+    if (!TileMap::isAllowed(mapSize()))
         return tr("The map is too large");
     return {};
 }

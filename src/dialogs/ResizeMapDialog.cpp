@@ -1,6 +1,6 @@
 #include "dialogs/ResizeMapDialog.h"
 
-#include "dialogs/MapSizeLimit.h"
+#include "model/TileMap.h"
 #include "uikit/ThemedIcon.h"
 
 #include <QButtonGroup>
@@ -110,7 +110,7 @@ void ResizeMapDialog::storeAlignment(int id)
 
 void ResizeMapDialog::accept()
 {
-    if (MapSizeLimit::isTooLarge(mapSize()))
+    if (!TileMap::isAllowed(mapSize()))
         showError(tr("The map is too large"));
     else
         DialogBase::accept();
