@@ -37,29 +37,68 @@ public:
         const auto end = std::lower_bound(begin, m_columns.cend(), sourceWidth);
         m_begin = static_cast<size_t>(begin - m_columns.cbegin());
         m_end = static_cast<size_t>(end - m_columns.cbegin());
-        m_unscaled =
-            m_begin < m_end &&
-            static_cast<size_t>(m_columns[m_end - 1] - m_columns[m_begin]) == m_end - 1 - m_begin &&
-            std::adjacent_find(m_columns.cbegin(), m_columns.cend()) == m_columns.cend();
+        findRuns();
     }
 
     void copy(uchar *target, const uchar *source) const
     {
         std::memset(target, 0, m_begin);
-        if (m_unscaled) {
+        if (m_runs.size() == m_end - m_begin && m_isGapless)
             std::memcpy(target + m_begin, source + m_columns[m_begin], m_end - m_begin);
-        } else {
-            for (size_t x = m_begin; x < m_end; ++x)
-                target[x] = source[m_columns[x]];
-        }
+        else if (m_runs.size() <= (m_end - m_begin) / 2)
+            copyRuns(target, source);
+        else
+            copyPixels(target, source, m_begin);
         std::memset(target + m_end, 0, m_columns.size() - m_end);
     }
 
 private:
+    static constexpr size_t Word = sizeof(quint64);
+
+    /// Columns from start to before end show one pixel of the source.
+    struct Run
+    {
+        size_t start;
+        size_t end;
+    };
+
+    void findRuns()
+    {
+        for (size_t x = m_begin; x < m_end; ++x) {
+            if (x > m_begin && m_columns[x] == m_columns[x - 1]) {
+                ++m_runs.back().end;
+                continue;
+            }
+            m_isGapless = m_isGapless && (x == m_begin || m_columns[x] == m_columns[x - 1] + 1);
+            m_runs.push_back({x, x + 1});
+        }
+    }
+
+    void copyPixels(uchar *target, const uchar *source, size_t from) const
+    {
+        for (size_t x = from; x < m_end; ++x)
+            target[x] = source[m_columns[x]];
+    }
+
+    /// Writes whole words, of which the next run overwrites what is too much.
+    void copyRuns(uchar *target, const uchar *source) const
+    {
+        for (const Run &run : m_runs) {
+            if (run.end + Word > m_columns.size()) {
+                copyPixels(target, source, run.start);
+                return;
+            }
+            const quint64 pixels = source[m_columns[run.start]] * Q_UINT64_C(0x0101010101010101);
+            for (size_t x = run.start; x < run.end; x += Word)
+                std::memcpy(target + x, &pixels, Word);
+        }
+    }
+
     std::vector<int> m_columns;
     size_t m_begin = 0; // the columns inside the source
     size_t m_end = 0;
-    bool m_unscaled = false;
+    std::vector<Run> m_runs;
+    bool m_isGapless = true; // no pixel of the source is left out
 };
 
 } // namespace

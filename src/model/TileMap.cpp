@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
-#include <vector>
+#include <utility>
 
 namespace {
 
@@ -71,6 +71,15 @@ bool renumber(TileMap::Rows &rows, Function renumbered)
         changed = true;
     }
     return changed;
+}
+
+void putPixels(uchar *to, qsizetype stride, const TileCache::Pixels &pixels, quint64 offset)
+{
+    for (const quint64 row : pixels) {
+        const quint64 shown = row | offset;
+        std::memcpy(to, &shown, sizeof(shown));
+        to += stride;
+    }
 }
 
 TileCache::Turn turnOf(const TileMap::TileData &cell)
@@ -314,14 +323,23 @@ bool TileMap::hasPicture() const
 
 void TileMap::dropPicture()
 {
-    m_image = QImage();
+    if (!m_image.isNull())
+        m_spare = std::exchange(m_image, QImage());
+}
+
+/// The memory of the last picture if it has the right size: to get so much anew from the system
+/// costs more than to draw.
+QImage TileMap::blankPicture(QSize size)
+{
+    QImage image = std::exchange(m_spare, QImage());
+    return image.size() == size ? image : QImage(size, QImage::Format_Indexed8);
 }
 
 QImage TileMap::drawn(QRect cells)
 {
     m_drawnTiles = m_tiles;
     m_drawnPalette = paletteIdOf(m_tiles);
-    QImage image(cells.size() * CellSide, QImage::Format_Indexed8);
+    QImage image = blankPicture(cells.size() * CellSide);
     if (image.isNull())
         return image;
     if (!m_tiles || !m_tiles->palette()) {
@@ -344,32 +362,17 @@ QImage TileMap::drawn(QRect cells)
 /// Draws columns @p left to @p right of row @p y as eight rows of pixels.
 void TileMap::drawRow(uchar *to, qsizetype stride, int y, int left, int right)
 {
-    static constexpr TileCache::Pixels Blank{};
-    struct Source
-    {
-        const TileCache::Pixels *pixels = &Blank;
-        quint64 offset = 0;
-    };
-    std::vector<Source> sources(static_cast<size_t>(right - left + 1));
-    const TileData *cell = m_rows.at(y).constData() + left;
+    const QList<TileData> &row = m_rows.at(y);
     const int entries = m_tileCache.size();
-    for (Source &source : sources) {
-        const TileCache::Pixels &pixels = m_tileCache.pixels(cell->index, turnOf(*cell));
-        if (cell->occupied)
-            source = {&pixels, TileCache::offsetBits(cell->offset)};
-        ++cell;
+    for (int x = left; x <= right; ++x, to += CellSide) {
+        const TileData &cell = row.at(x);
+        const TileCache::Pixels &pixels = m_tileCache.pixels(cell.index, turnOf(cell));
+        if (cell.occupied)
+            putPixels(to, stride, pixels, TileCache::offsetBits(cell.offset));
+        else
+            putPixels(to, stride, {}, 0);
     }
     m_cacheHits += (right - left + 1) - (m_tileCache.size() - entries);
-
-    // Pixel row by pixel row, as the picture is far larger than any cache of the processor.
-    for (size_t row = 0; row < TileCache::Side; ++row, to += stride) {
-        uchar *at = to;
-        for (const Source &source : sources) {
-            const quint64 pixels = (*source.pixels)[row] | source.offset;
-            std::memcpy(at, &pixels, sizeof(pixels));
-            at += sizeof(pixels);
-        }
-    }
 }
 
 /// What a cell shows: blank unless it is occupied, and without a set that can draw.
@@ -388,8 +391,5 @@ void TileMap::paint(QPoint position, const TileCache::Pixels &pixels)
 {
     const qsizetype stride = m_image.bytesPerLine();
     uchar *to = m_image.bits() + position.y() * CellSide * stride + position.x() * CellSide;
-    for (const quint64 row : pixels) {
-        std::memcpy(to, &row, sizeof(row));
-        to += stride;
-    }
+    putPixels(to, stride, pixels, 0);
 }

@@ -116,6 +116,7 @@ private:
     void swapTiles(int first, int second);
     bool hasPicture() const;
     void dropPicture();
+    QImage blankPicture(QSize size);
     QImage drawn(QRect cells);
     void drawRow(uchar *to, qsizetype stride, int y, int left, int right);
     TileCache::Pixels pixelsOf(const TileData &data) const;
@@ -127,6 +128,7 @@ private:
     Rows m_rows;
     QPointer<TileSet> m_tiles;
     QImage m_image;                  // null when it must be drawn again
+    QImage m_spare;                  // the last picture, for its memory
     TileSet *m_drawnTiles = nullptr; // what the picture was drawn with; only compared
     QUuid m_drawnPalette;            // null for none
     TileCache m_tileCache;

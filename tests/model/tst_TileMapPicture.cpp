@@ -93,6 +93,7 @@ private slots:
     void fillingEqualsAFreshDrawing();
     void changesThrowThePictureAway_data();
     void changesThrowThePictureAway();
+    void aRedrawnPictureKeepsNothingOfTheLast();
     void aChangedTileIsDrawnAnew();
     void aRestoredTileSetIsDrawnAnew();
     void anotherTileSetIsDrawnAnew();
@@ -228,6 +229,24 @@ void tst_TileMapPicture::changesThrowThePictureAway()
 
     QVERIFY(whole(map) != before);
     QCOMPARE(whole(map), plainlyDrawn(map));
+}
+
+void tst_TileMapPicture::aRedrawnPictureKeepsNothingOfTheLast()
+{
+    TestMaps::PlainTiles tiles(16);
+    TileMap map({1, 1});
+    map.setTiles(TestMaps::counted(3, 3));
+    map.setTileSet(tiles.set.get());
+    QVERIFY(!isBlank(whole(map)));
+
+    map.setTiles(TileMap({3, 3}).rows());
+    QVERIFY(isBlank(whole(map)));
+    map.setTiles(TestMaps::counted(3, 3));
+    QVERIFY(!isBlank(whole(map)));
+    map.setTileSet(nullptr);
+
+    QTest::ignoreMessage(QtWarningMsg, "_tiles==nullptr");
+    QVERIFY(isBlank(whole(map)));
 }
 
 void tst_TileMapPicture::aChangedTileIsDrawnAnew()
