@@ -1,0 +1,29 @@
+#pragma once
+
+#include "model/TileMap.h"
+
+#include <memory>
+
+class Map;
+class Palette;
+class TileSet;
+
+/// What the rows work on: made here, with fixed seeds, the same in every run.
+namespace Bench {
+
+/// 512 tiles of noise over the start-up palette, and a map over them.
+struct Level
+{
+    /// A square map of @p side cells: every tile, turn and palette offset, all of it occupied.
+    explicit Level(int side);
+    ~Level();
+
+    std::unique_ptr<Palette> palette;
+    std::unique_ptr<TileSet> tiles;
+    std::unique_ptr<Map> map;
+};
+
+/// A cell of any tile, turn and offset that @p number stands for; near numbers differ.
+TileMap::TileData anyCell(int number);
+
+} // namespace Bench
