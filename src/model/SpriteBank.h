@@ -57,6 +57,10 @@ public:
     void setStrip(const QImage &strip) { m_image = strip; }
 
     int count() const { return m_image.height() / SpriteSide; }
+    /// Appends @p sprites blank ones at once and sends nothing, for imports that announce each one
+    /// when it is filled.
+    void grow(int sprites);
+
     QPointer<Palette> palette() const { return m_palette; }
     /// Binds a palette; a valid one gives the strip its colours and keeps them current.
     void setPalette(Palette *palette);
@@ -121,8 +125,6 @@ private:
     bool contains(int index) const;
     /// Whether the strip is one that has sprites: indexed and 16 wide.
     bool isStripValid() const;
-    /// Makes the strip @p sprites longer; what is new is 0.
-    void grow(int sprites);
     /// The strip without one sprite.
     QImage stripWithout(int index) const;
     /// Tells every cell of every animation that a sprite has gone.
