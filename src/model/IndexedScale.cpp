@@ -42,6 +42,10 @@ public:
 
     void copy(uchar *target, const uchar *source) const
     {
+        if (m_runs.empty()) {
+            std::memset(target, 0, m_columns.size());
+            return;
+        }
         std::memset(target, 0, m_begin);
         if (m_runs.size() == m_end - m_begin && m_isGapless)
             std::memcpy(target + m_begin, source + m_columns[m_begin], m_end - m_begin);
