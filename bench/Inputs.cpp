@@ -47,3 +47,53 @@ TileMap::TileData Bench::anyCell(int number)
     cell.occupied = true;
     return cell;
 }
+
+QImage Bench::pictureOfTiles(QSize size)
+{
+    constexpr unsigned Scatter = 2654435761U; // odd, so that squares and tiles do not keep step
+    const int columns = size.width() / Tile::Side;
+    QImage picture(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        for (int x = 0; x < size.width(); ++x) {
+            const int square = y / Tile::Side * columns + x / Tile::Side;
+            const unsigned tile = static_cast<unsigned>(square) * Scatter % TileSet::DefaultCount;
+            const int column = x % Tile::Side;
+            const int row = y % Tile::Side;
+            // An angle in one corner, and the tile's number in binary.
+            const bool angle = (row == 0 && column < 3) || (row == 1 && column == 0);
+            const bool digit = row >= 2 && row < 5 && column >= 2 && column < 5 &&
+                               (tile >> ((row - 2) * 3 + column - 2) & 1);
+            line[x] = angle || digit ? qRgb(240, 192, 32) : qRgb(32, 32, 64);
+        }
+    }
+    return picture;
+}
+
+QImage Bench::photo(QSize size)
+{
+    QRandomGenerator generator(2048);
+    QImage picture(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        for (int x = 0; x < size.width(); ++x) {
+            const int grain = generator.bounded(64);
+            line[x] = qRgb(x * 191 / size.width() + grain, y * 191 / size.height() + grain,
+                           (x + y) * 191 / (size.width() + size.height()) + grain);
+        }
+    }
+    return picture;
+}
+
+QImage Bench::pictureOfColours(QSize size)
+{
+    constexpr unsigned Scatter = 10368889U; // odd, so that every number comes once
+    QImage picture(size, QImage::Format_RGB32);
+    unsigned number = 0;
+    for (int y = 0; y < size.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        for (int x = 0; x < size.width(); ++x)
+            line[x] = 0xFF000000U | (number++ * Scatter & 0x00FFFFFFU);
+    }
+    return picture;
+}

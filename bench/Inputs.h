@@ -2,6 +2,9 @@
 
 #include "model/TileMap.h"
 
+#include <QImage>
+#include <QSize>
+
 #include <memory>
 
 class Map;
@@ -25,5 +28,12 @@ struct Level
 
 /// A cell of any tile, turn and offset that @p number stands for; near numbers differ.
 TileMap::TileData anyCell(int number);
+
+/// A picture of two colours made of 512 tiles, as many as fit, which come again in no order.
+QImage pictureOfTiles(QSize size);
+/// Slow changes of colour under fine noise, so that no two tiles are the same.
+QImage photo(QSize size);
+/// A picture in which no two pixels have the same colour, up to 2^24.
+QImage pictureOfColours(QSize size);
 
 } // namespace Bench

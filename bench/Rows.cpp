@@ -22,5 +22,6 @@ std::vector<Bench::Row> Bench::allRows()
 {
     std::vector<Row> rows;
     addMapRows(&rows);
+    addPictureRows(&rows);
     return rows;
 }

@@ -39,5 +39,6 @@ Work copyOf(qsizetype bytes);
 std::vector<Row> allRows();
 
 void addMapRows(std::vector<Row> *rows);
+void addPictureRows(std::vector<Row> *rows);
 
 } // namespace Bench

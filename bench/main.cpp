@@ -1,6 +1,8 @@
 #include "bench/Rows.h"
 #include "bench/Table.h"
 
+#include <QLoggingCategory>
+
 #include <benchmark/benchmark.h>
 
 namespace {
@@ -22,6 +24,7 @@ void add(const std::string &name, const Bench::Work &work)
 /// tessaril_bench [words]: times the rows whose road and input hold the words; all without.
 int main(int argc, char **argv)
 {
+    QLoggingCategory::setFilterRules(QStringLiteral("default*=false"));
     const std::string wanted = argc > 1 ? argv[1] : "";
     const std::vector<Bench::Row> rows = Bench::allRows();
     Bench::Table table;
