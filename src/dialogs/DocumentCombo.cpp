@@ -1,5 +1,7 @@
 #include "dialogs/DocumentCombo.h"
 
+#include <algorithm>
+
 DocumentCombo::DocumentCombo(QWidget *parent)
     : QComboBox(parent)
 {

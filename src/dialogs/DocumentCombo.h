@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <QUuid>
 
-#include <algorithm>
+#include <utility>
 
 /// A combo box of documents: their names, in alphabetical order, with their ids as data.
 ///

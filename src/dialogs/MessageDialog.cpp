@@ -11,6 +11,13 @@ namespace {
 constexpr int LeastWidth = 300;      // pixels
 constexpr int MaxMessageWidth = 300; // pixels
 constexpr QMargins Margins{5, 10, 5, 5};
+constexpr int MaxLetters = 2000;
+
+/// A name in the message can be of any length, and the box must fit on the screen.
+QString shortened(const QString &text)
+{
+    return text.size() <= MaxLetters ? text : text.left(MaxLetters) + QChar(u'…');
+}
 
 } // namespace
 
@@ -47,7 +54,7 @@ void MessageDialog::showMessage(const QString &title, const QString &text)
     m_icon->setPixmap(icon.pixmap(QSize(iconSide, iconSide), devicePixelRatioF()));
     setWindowTitle(title);
     m_heading->setText(QStringLiteral("<h2>%1</h2>").arg(title.toHtmlEscaped()));
-    m_message->setText(text);
+    m_message->setText(shortened(text));
     m_buttons->setStandardButtons(QDialogButtonBox::Ok);
     m_buttons->button(QDialogButtonBox::Ok)->setText(tr("Ok"));
     m_buttons->button(QDialogButtonBox::Ok)->setDefault(true);

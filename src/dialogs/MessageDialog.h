@@ -14,8 +14,8 @@ public:
     explicit MessageDialog(QWidget *parent = nullptr);
 
 public slots:
-    /// Opens the dialog with @p title as its heading, @p text below, and "Ok". Both are plain text.
-    /// If it is open already, it changes what it tells.
+    /// Opens the dialog with @p title as its heading, @p text below, and "Ok". Both are plain text,
+    /// and an endless text is cut. If it is open already, it changes what it tells.
     void showMessage(const QString &title, const QString &text);
 
 private:

@@ -15,6 +15,7 @@ private slots:
     void okCloses();
     void aSecondMessageReplacesTheFirst();
     void aLongMessageIsWrapped();
+    void anEndlessNameLeavesTheBoxUsable();
 
 private:
     static QLabel *label(const MessageDialog &dialog, const QString &text);
@@ -95,6 +96,18 @@ void tst_MessageDialog::aLongMessageIsWrapped()
     QVERIFY(message->width() <= 300);
     QVERIFY(message->height() >= message->heightForWidth(message->width()));
     QVERIFY(dialog.rect().contains(message->geometry()));
+}
+
+void tst_MessageDialog::anEndlessNameLeavesTheBoxUsable()
+{
+    MessageDialog dialog;
+
+    dialog.showMessage(QStringLiteral("Warning!"), QStringLiteral("Failed to open ") +
+                                                       QStringLiteral("name ").repeated(200000));
+
+    QVERIFY(dialog.height() < 1000);
+    DialogDriver::pressOk(dialog);
+    QVERIFY(!dialog.isVisible());
 }
 
 QTEST_MAIN(tst_MessageDialog)
