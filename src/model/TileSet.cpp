@@ -167,7 +167,10 @@ void TileSet::setPalette(QPointer<Palette> palette)
         return;
 
     m_paletteId = m_palette->id();
-    connect(m_palette, &Palette::colourChanged, this, &TileSet::updateColour);
+    // The signal may tell the colour before it was cut to three bits a channel; the tiles show what
+    // the palette does, whether an entry is set or an undo puts it back.
+    connect(m_palette, &Palette::colourChanged, this,
+            [this](int index) { updateColour(index, m_palette->colour(index)); });
 }
 
 void TileSet::notifyImageChanged(int index)
