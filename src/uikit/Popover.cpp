@@ -1,6 +1,10 @@
 #include "uikit/Popover.h"
 
+#include <QGuiApplication>
 #include <QPainter>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace {
 
@@ -57,6 +61,27 @@ void Popover::placeAt(QPoint anchor, DialogPosition side)
         break;
     }
     move(anchor - offset);
+}
+
+void Popover::placeBeside(QPoint leftAnchor, QPoint rightAnchor)
+{
+    const QScreen *screen = QGuiApplication::screenAt(rightAnchor);
+    if (screen == nullptr)
+        screen = QGuiApplication::screenAt(leftAnchor);
+    if (screen == nullptr) {
+        placeAt(rightAnchor, DialogPosition::LeftOf);
+        return;
+    }
+    const QRect available = screen->availableGeometry();
+    if (rightAnchor.x() + width() > available.right())
+        placeAt(leftAnchor, DialogPosition::TopCentre);
+    else
+        placeAt(rightAnchor, DialogPosition::LeftOf);
+    const auto inside = [](int place, int first, int last) {
+        return std::max(first, std::min(place, last));
+    };
+    move(inside(x(), available.left(), available.right() - width()),
+         inside(y(), available.top(), available.bottom() - height()));
 }
 
 QPainterPath Popover::shapeFor(QSize size, DialogPosition side)

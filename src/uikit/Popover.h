@@ -28,6 +28,10 @@ public:
     /// upper one.
     void placeAt(QPoint anchor, DialogPosition side);
 
+    /// Stands at the right of what lies between the two global anchors, where the screen has room,
+    /// else at its left; then moves into the screen.
+    void placeBeside(QPoint leftAnchor, QPoint rightAnchor);
+
     /// The outline of a panel of @p size pixels: a rounded rectangle and the triangle of its
     /// pointer.
     static QPainterPath shapeFor(QSize size, DialogPosition side);

@@ -1,5 +1,6 @@
 #include "uikit/Popover.h"
 
+#include <QScreen>
 #include <QTest>
 
 using Tessaril::Ui::DialogPosition;
@@ -20,6 +21,8 @@ private slots:
     void followsThePalette();
     void placesItsTipAtTheAnchor_data();
     void placesItsTipAtTheAnchor();
+    void standsBesideWhereTheScreenHasRoom_data();
+    void standsBesideWhereTheScreenHasRoom();
 
 private:
     QImage shot();
@@ -170,6 +173,46 @@ void tst_Popover::placesItsTipAtTheAnchor()
 
     QCOMPARE(m_popover.pos(), topLeft);
     QCOMPARE(m_popover.side(), side);
+}
+
+void tst_Popover::standsBesideWhereTheScreenHasRoom_data()
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const QPoint middle = screen.center();
+    const int lastX = screen.right() - Width;
+    const int lastY = screen.bottom() - Height;
+    QTest::addColumn<QPoint>("left");
+    QTest::addColumn<QPoint>("right");
+    QTest::addColumn<DialogPosition>("side");
+    QTest::addColumn<QPoint>("topLeft");
+    QTest::newRow("room at the right") << middle << middle + QPoint(24, 0) << DialogPosition::LeftOf
+                                       << middle + QPoint(24, -Height / 2);
+    QTest::newRow("just room") << QPoint(lastX - 9, 300) << QPoint(lastX, 300)
+                               << DialogPosition::LeftOf << QPoint(lastX, 300 - Height / 2);
+    QTest::newRow("no room at the right")
+        << QPoint(lastX - 9, 300) << QPoint(lastX + 1, 300) << DialogPosition::TopCentre
+        << QPoint(lastX - 9 - Width, 300 - Height / 2);
+    QTest::newRow("at the upper edge") << QPoint(300, screen.top()) << QPoint(310, screen.top())
+                                       << DialogPosition::LeftOf << QPoint(310, screen.top());
+    QTest::newRow("at the lower edge")
+        << QPoint(300, screen.bottom()) << QPoint(310, screen.bottom()) << DialogPosition::LeftOf
+        << QPoint(310, lastY);
+    QTest::newRow("off every screen")
+        << QPoint(-9000, -9000) << QPoint(-8990, -9000) << DialogPosition::LeftOf
+        << QPoint(-8990, -9000 - Height / 2);
+}
+
+void tst_Popover::standsBesideWhereTheScreenHasRoom()
+{
+    QFETCH(QPoint, left);
+    QFETCH(QPoint, right);
+    QFETCH(DialogPosition, side);
+    QFETCH(QPoint, topLeft);
+
+    m_popover.placeBeside(left, right);
+
+    QCOMPARE(m_popover.side(), side);
+    QCOMPARE(m_popover.pos(), topLeft);
 }
 
 QTEST_MAIN(tst_Popover)
