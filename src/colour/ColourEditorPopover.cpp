@@ -1,0 +1,73 @@
+#include "colour/ColourEditorPopover.h"
+
+#include "colour/ColourEditor.h"
+
+#include <QHideEvent>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int Margin = 12;      // pixels between the editor and the panel's edge
+constexpr int PointerRoom = 10; // by which the panel is narrower on the pointer's side
+
+} // namespace
+
+ColourEditorPopover::ColourEditorPopover(QWidget *parent)
+    : Popover(parent)
+    , m_editor(new ColourEditor)
+{
+    setWindowFlags(Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+    setAttribute(Qt::WA_TranslucentBackground);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(Margin + PointerRoom, Margin, Margin, Margin);
+    layout->addWidget(m_editor);
+    connect(m_editor, &ColourEditor::colourChanged, this,
+            &ColourEditorPopover::confirmColourChanged);
+    connect(m_editor, &ColourEditor::cancelled, this, &ColourEditorPopover::cancelled);
+}
+
+void ColourEditorPopover::openFor(const QWidget *owner, const QRect &cell, const QColor &colour,
+                                  bool priority)
+{
+    m_editor->setColour(colour, priority);
+    adjustSize();
+    const int middle = cell.center().y();
+    placeBeside(owner->mapToGlobal(QPoint(cell.left(), middle)),
+                owner->mapToGlobal(QPoint(cell.right() + 1, middle)));
+    fitToSide();
+    show();
+    m_editor->setFocus(Qt::PopupFocusReason);
+}
+
+void ColourEditorPopover::confirmColourChanged(QColor colour, bool priority)
+{
+    emit colourChanged(colour, priority);
+    close();
+}
+
+void ColourEditorPopover::cancelled()
+{
+    close();
+}
+
+void ColourEditorPopover::hideEvent(QHideEvent *event)
+{
+    Popover::hideEvent(event);
+    if (!event->spontaneous())
+        emit closed();
+}
+
+void ColourEditorPopover::resizeEvent(QResizeEvent *event)
+{
+    Popover::resizeEvent(event);
+    fitToSide();
+}
+
+void ColourEditorPopover::fitToSide()
+{
+    const bool left = side() == DialogPosition::LeftOf;
+    layout()->setContentsMargins(Margin + (left ? PointerRoom : 0), Margin,
+                                 Margin + (left ? 0 : PointerRoom), Margin);
+    // Screens without a compositor would show the corners black.
+    setMask(QRegion(shapeFor(size(), side()).toFillPolygon().toPolygon()));
+}
