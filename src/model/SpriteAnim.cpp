@@ -29,7 +29,9 @@ QImage SpriteAnim::thumbnail(QSize size) const
     for (int y = 0; y < this->size().height(); ++y) {
         for (int x = 0; x < this->size().width(); ++x) {
             const AnimationFrame::Cell cell = first->cell({x, y});
-            const QImage sprite = sprites->sprite(cell.index);
+            // In true colours: a painter reads past the end of a colour table that is too short.
+            const QImage sprite =
+                sprites->sprite(cell.index).convertToFormat(QImage::Format_ARGB32);
             if (sprite.isNull())
                 continue;
             painter.drawImage(QPoint(x, y) * SpriteBank::SpriteSide,

@@ -43,6 +43,7 @@ private slots:
     void theThumbnailIsScaledIntoTheSize();
     void spritesOutOfRangeAreLeftTransparent();
     void withoutFramesTheThumbnailIsTransparent();
+    void aBankWithoutColoursStillHasAThumbnail();
 };
 
 void tst_SpriteAnim::aNewAnimationHasANameAndOneFrame()
@@ -153,6 +154,18 @@ void tst_SpriteAnim::withoutFramesTheThumbnailIsTransparent()
 
     QCOMPARE(image.size(), QSize(20, 20));
     QCOMPARE(qAlpha(image.pixel(10, 10)), 0);
+}
+
+void tst_SpriteAnim::aBankWithoutColoursStillHasAThumbnail()
+{
+    SpriteBank bank(Tessaril::Sprite::EightBit);
+    QImage sprite(Side, Side, QImage::Format_Indexed8);
+    sprite.fill(200);
+    bank.setImage(0, sprite);
+
+    const QImage image = SpriteAnim(&bank).thumbnail({16, 16});
+
+    QCOMPARE(image.pixel(8, 8), qRgb(200, 200, 200));
 }
 
 QTEST_GUILESS_MAIN(tst_SpriteAnim)
