@@ -23,5 +23,6 @@ std::vector<Bench::Row> Bench::allRows()
     std::vector<Row> rows;
     addMapRows(&rows);
     addPictureRows(&rows);
+    addProjectRows(&rows);
     return rows;
 }

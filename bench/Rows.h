@@ -40,5 +40,6 @@ std::vector<Row> allRows();
 
 void addMapRows(std::vector<Row> *rows);
 void addPictureRows(std::vector<Row> *rows);
+void addProjectRows(std::vector<Row> *rows);
 
 } // namespace Bench
