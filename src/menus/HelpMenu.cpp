@@ -1,0 +1,33 @@
+#include "menus/HelpMenu.h"
+
+#include "dialogs/About.h"
+#include "menus/MenuDialogs.h"
+
+HelpMenu::HelpMenu(QWidget *parent)
+    : QMenu(tr("Help"), parent)
+    , m_checkAction(addAction(tr("Check for Updates…")))
+{
+    m_checkAction->setMenuRole(QAction::NoRole);
+    connect(m_checkAction, &QAction::triggered, this, &HelpMenu::checkForUpdates);
+    setUpdateCheckEnabled(false);
+
+    QAction *about = addAction(tr("About"));
+    connect(about, &QAction::triggered, this, &HelpMenu::displayAbout);
+}
+
+About *HelpMenu::about()
+{
+    if (!m_about)
+        m_about = new About(MenuDialogs::parentFor(this));
+    return m_about;
+}
+
+void HelpMenu::setUpdateCheckEnabled(bool enabled)
+{
+    m_checkAction->setEnabled(enabled);
+}
+
+void HelpMenu::displayAbout()
+{
+    about()->open();
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QMenu>
+#include <QPointer>
+
+class About;
+
+/// The About dialog and the question for a new version.
+class HelpMenu : public QMenu
+{
+    Q_OBJECT
+
+public:
+    explicit HelpMenu(QWidget *parent = nullptr);
+
+    /// The About dialog, made when it is first asked for.
+    About *about();
+    /// The item starts disabled: whoever carries out the check turns it on.
+    void setUpdateCheckEnabled(bool enabled);
+
+signals:
+    void checkForUpdates();
+
+public slots:
+    void displayAbout();
+
+private:
+    QAction *m_checkAction;
+    QPointer<About> m_about;
+};

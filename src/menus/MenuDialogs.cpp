@@ -1,0 +1,43 @@
+#include "menus/MenuDialogs.h"
+
+#include <QMenu>
+#include <QMessageBox>
+
+namespace MenuDialogs {
+
+QWidget *parentFor(QMenu *menu)
+{
+    QWidget *bar = menu->parentWidget();
+    return bar ? bar->window() : menu;
+}
+
+QFileDialog *makeFileDialog(QMenu *menu, const FileQuestion &question)
+{
+    auto *dialog = new QFileDialog(parentFor(menu), question.title);
+    dialog->setAcceptMode(question.acceptMode);
+    dialog->setNameFilters(question.filters);
+    dialog->setDefaultSuffix(question.defaultSuffix);
+    return dialog;
+}
+
+std::optional<QString> singleFile(const QFileDialog *dialog)
+{
+    const QStringList files = dialog->selectedFiles();
+    if (files.size() != 1)
+        return std::nullopt;
+    return files.first();
+}
+
+QString menuText(const QString &name)
+{
+    QString text = name;
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+void warnOfFailedExport(QMenu *menu)
+{
+    QMessageBox::warning(parentFor(menu), QStringLiteral("Save Error"),
+                         QStringLiteral("There was a problem exporting data"), QMessageBox::Ok);
+}
+
+} // namespace MenuDialogs
