@@ -1,0 +1,163 @@
+#include "control/ProjectController.h"
+
+#include "menus/FileMenu.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+
+ProjectController::ProjectController(QWidget *mainWindow, FileMenu *fileMenu)
+    : _unsavedPrompt([this](const QString &name) { return askAboutChanges(name); })
+    , _savePath([this] { return askForPath(); })
+    , m_mainWindow(mainWindow)
+    , m_fileMenu(fileMenu)
+    , m_store(this)
+    , m_saveDialog(new QFileDialog(mainWindow, tr("Save project"), QString(),
+                                   tr("Project file (*.tessaril)")))
+{
+    m_saveDialog->setAcceptMode(QFileDialog::AcceptSave);
+    m_saveDialog->setDefaultSuffix(QStringLiteral("tessaril"));
+}
+
+ProjectController::~ProjectController() = default;
+
+int ProjectController::askAboutChanges(const QString &name)
+{
+    const auto button = QMessageBox::warning(
+        m_mainWindow, tr("Unsaved Changes"),
+        tr("Save the changes to %1 before closing it?").arg(name),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    switch (button) {
+    case QMessageBox::Save:
+        return SaveChanges;
+    case QMessageBox::Discard:
+        return DiscardChanges;
+    default:
+        return CancelClosing;
+    }
+}
+
+QString ProjectController::askForPath()
+{
+    if (m_saveDialog->exec() != QDialog::Accepted)
+        return {};
+    return m_saveDialog->selectedFiles().value(0);
+}
+
+bool ProjectController::isDirty() const
+{
+    if (!m_project)
+        return false;
+    return !_isClean() || m_store.digest() != m_cleanDigest;
+}
+
+void ProjectController::markClean()
+{
+    m_cleanDigest = m_store.digest();
+    _markClean();
+}
+
+bool ProjectController::canClose()
+{
+    if (!m_project || !isDirty())
+        return true;
+
+    switch (_unsavedPrompt(m_project->name())) {
+    case SaveChanges:
+        // A cancelled file dialog and a failed save both leave the project dirty.
+        save();
+        return !isDirty();
+    case DiscardChanges:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void ProjectController::close()
+{
+    if (!m_project)
+        return;
+
+    m_project->disconnect();
+    emit projectClosing();
+    m_store.close();
+    m_project.clear();
+    emit projectClosed();
+}
+
+void ProjectController::newProject(QString name)
+{
+    if (!canClose())
+        return;
+
+    close();
+    m_project = m_store.create(name);
+    if (!m_project) {
+        emit error(tr("Unable to create a new project"));
+        return;
+    }
+    emit projectOpened(m_project);
+    markClean();
+}
+
+void ProjectController::openProject(QString filePath)
+{
+    if (!canClose())
+        return;
+
+    close();
+    m_mainWindow->setUpdatesEnabled(false);
+    if (m_store.load(filePath)) {
+        m_project = m_store.project();
+        emit projectOpened(m_project);
+        m_fileMenu->addRecent(filePath);
+        markClean();
+    } else {
+        m_project.clear();
+    }
+    m_mainWindow->setUpdatesEnabled(true);
+}
+
+void ProjectController::save()
+{
+    if (!m_project)
+        return;
+
+    emit aboutToSave();
+    if (m_store.fileName().isEmpty())
+        saveToNewFile();
+    else
+        saveToFile();
+    emit saveFinished();
+}
+
+void ProjectController::saveToFile()
+{
+    if (m_store.save(_backupOnSave()))
+        markClean();
+}
+
+void ProjectController::saveToNewFile()
+{
+    const QString path = _savePath();
+    if (path.isEmpty())
+        return;
+
+    m_store.setFileName(path);
+    // Nothing is there to keep.
+    if (m_store.save(false)) {
+        m_fileMenu->addRecent(path);
+        markClean();
+    } else {
+        m_store.setFileName(QString());
+    }
+}
+
+void ProjectController::saveAs()
+{
+    const QString previous = m_store.fileName();
+    m_store.setFileName(QString());
+    save();
+    if (m_store.fileName().isEmpty())
+        m_store.setFileName(previous);
+}
