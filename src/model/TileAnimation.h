@@ -30,6 +30,10 @@ public:
     void setTileSet(const QPointer<TileSet> &tileSet) { m_tileSet = tileSet; }
     MapObjectType type() const { return m_type; }
 
+    /// Where the map's frame clock stands: shared by all placements, neither saved nor undone.
+    int currentFrame = 0;
+    qint64 lastTick = 0;
+
     State tileState() const;
     /// Puts the type back, then the rest as Animation::restore().
     void restoreTileState(const State &state);
