@@ -1,5 +1,6 @@
 #include "menus/TileMenu.h"
 
+#include "dialogs/ImportZXFontDialog.h"
 #include "dialogs/PaletteSelectorDialog.h"
 #include "dialogs/TileSetDialog.h"
 #include "editors/ExportDialog.h"
@@ -52,11 +53,9 @@ void TileMenu::addDialogItems()
     addTileSetAction(this, tr("Export"), &TileMenu::displayExportDialog);
     addTileSetAction(this, tr("Export Attributes"), &TileMenu::displayAttributesDialog);
     QMenu *import = addMenu(tr("Import"));
-    m_fontAction =
-        addTileSetAction(import, tr("Spectrum Chars"), &TileMenu::displayImportFontDialog);
+    addTileSetAction(import, tr("Spectrum Chars"), &TileMenu::displayImportFontDialog);
 
     setAnimationDialog(nullptr);
-    setFontDialog(nullptr);
 }
 
 void TileMenu::setProject(const QPointer<Project> &project)
@@ -84,12 +83,6 @@ void TileMenu::setAnimationDialog(const AnimationOpener &open)
 {
     m_openAnimationDialog = open;
     m_animationAction->setEnabled(open != nullptr);
-}
-
-void TileMenu::setFontDialog(const FontOpener &open)
-{
-    m_openFontDialog = open;
-    m_fontAction->setEnabled(open != nullptr);
 }
 
 QPointer<TileSet> TileMenu::tileSet() const
@@ -122,8 +115,13 @@ void TileMenu::displayPaletteDialog()
 void TileMenu::displayImportFontDialog()
 {
     const QPointer<TileSet> tiles = tileSet();
-    if (tiles && m_openFontDialog)
-        m_openFontDialog(tiles->palette());
+    if (!tiles)
+        return;
+    if (!m_fontDialog) {
+        m_fontDialog = new ImportZXFontDialog(MenuDialogs::parentFor(this));
+        connect(m_fontDialog, &ImportZXFontDialog::accepted, this, &TileMenu::importZXFont);
+    }
+    m_fontDialog->show(tiles->palette());
 }
 
 void TileMenu::displayAnimDialog()

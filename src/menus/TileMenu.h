@@ -7,7 +7,7 @@
 
 #include <functional>
 
-class Palette;
+class ImportZXFontDialog;
 class PaletteSelectorDialog;
 class Project;
 class QActionGroup;
@@ -27,7 +27,6 @@ class TileMenu : public QMenu
 public:
     using TileSets = QList<QPointer<TileSet>>;
     using AnimationOpener = std::function<void(const TileSets &)>;
-    using FontOpener = std::function<void(const QPointer<Palette> &)>;
 
     explicit TileMenu(QWidget *parent = nullptr);
 
@@ -42,9 +41,6 @@ public:
 
     /// How the dialog for a new block list opens; its item is off until then.
     void setAnimationDialog(const AnimationOpener &open);
-    /// How the dialog for a font opens over the palette of the active set; its item is off until
-    /// then.
-    void setFontDialog(const FontOpener &open);
 
     /// Filled with the zoom actions of the tile picker by their owner.
     QMenu *magnificationMenu() const { return m_magnificationMenu; }
@@ -80,13 +76,12 @@ private:
     QAction *m_newAction;
     QActionGroup *m_tileSetActions;
     QAction *m_animationAction = nullptr;
-    QAction *m_fontAction = nullptr;
     QMenu *m_magnificationMenu = nullptr;
     AnimationOpener m_openAnimationDialog;
-    FontOpener m_openFontDialog;
     // Made at their first use.
     QPointer<TileSetDialog> m_tileSetDialog;
     QPointer<PaletteSelectorDialog> m_paletteDialog;
+    QPointer<ImportZXFontDialog> m_fontDialog;
     QPointer<TileEditor::ExportDialog> m_exportDialog;
     QPointer<QFileDialog> m_attributesDialog;
 };

@@ -10,8 +10,10 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 
 class tst_TileMenu : public QObject
 {
@@ -26,7 +28,7 @@ private slots:
     void swapPaletteSendsTheChosenPalette();
     void tilesAreSteppedThrough();
     void createAnimationsShowsTheTileSets();
-    void spectrumCharsShowsThePaletteOfTheTileSet();
+    void spectrumCharsSendsWhatWasAsked();
     void anotherProjectTurnsTheTileSetItemsOff();
     void theExportDialogLeadsToTheFile();
     void exportWritesAllTilesAsNxt();
@@ -132,18 +134,32 @@ void tst_TileMenu::createAnimationsShowsTheTileSets()
     QVERIFY(!item("Create Animations")->isEnabled());
 }
 
-void tst_TileMenu::spectrumCharsShowsThePaletteOfTheTileSet()
+void tst_TileMenu::spectrumCharsSendsWhatWasAsked()
 {
-    const QPointer<TileSet> tiles = activate(1);
+    const QTemporaryDir folder;
+    QVERIFY(TestFiles::make(folder.filePath("font.ch8"), QByteArray(8, '\x81')));
+    activate(1);
     QAction *chars = item("Import")->menu()->actions().at(0);
-    QVERIFY(!chars->isEnabled());
-    QPointer<Palette> shown;
+    QSignalSpy sent(menu(), &TileMenu::importZXFont);
 
-    menu()->setFontDialog([&shown](const QPointer<Palette> &palette) { shown = palette; });
-    QVERIFY(chars->isEnabled());
     chars->trigger();
+    QWidget *dialog = QApplication::activeModalWidget();
+    QVERIFY(dialog);
+    const QList<QToolButton *> buttons = dialog->findChildren<QToolButton *>();
+    for (QToolButton *button : buttons) {
+        if (button->text() == "...")
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+    FileDialogs::choose(FileDialogs::visible(), folder.filePath("font.ch8"));
+    dialog->findChild<QSpinBox *>()->setValue(32);
+    QTest::keyClick(dialog, Qt::Key_Return);
+    QCOMPARE(sent.count(), 1);
+    QCOMPARE(sent.at(0).at(0).toInt(), 32);
+    QCOMPARE(sent.at(0).at(4).toString(), folder.filePath("font.ch8"));
 
-    QCOMPARE(shown, tiles->palette());
+    chars->trigger();
+    QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+    QCOMPARE(sent.count(), 1);
 }
 
 void tst_TileMenu::anotherProjectTurnsTheTileSetItemsOff()
