@@ -23,6 +23,7 @@ private slots:
     void aWarningCountsForOneChangeOnly();
     void aStructureChangeIsOneStepInTheModelsWords();
     void undoingATileInsertRecordsNothing();
+    void whatARestoreSetsOffIsNotRecorded();
     void undoOfATileDeletionRestoresTilesMapsAndBlocks();
     void aTileIsRestoredWholly();
     void restoringATileSetTellsItLast();
@@ -183,6 +184,24 @@ void tst_EditRecorder::undoingATileInsertRecordsNothing()
     stack()->redo();
     QCOMPARE(stack()->count(), 1);
     QCOMPARE(m_set->tileSet->count(), RecordedProject::TileCount + 1);
+}
+
+void tst_EditRecorder::whatARestoreSetsOffIsNotRecorded()
+{
+    m_set->tileSet->deleteTile(2);
+    emit m_set->tileSet->structureAboutToChange();
+    emit m_set->sprites->structureAboutToChange();
+    connect(m_set->map, &Map::restored, this, [this] {
+        emit m_set->tileSet->structureChanged(QStringLiteral("Move Tile"));
+        emit m_set->sprites->structureChanged(QStringLiteral("Move Sprite"));
+        m_set->animation->setDelay(5);
+        m_set->block->setDelay(5);
+    });
+
+    stack()->undo();
+
+    QCOMPARE(stack()->count(), 1);
+    QVERIFY(stack()->canRedo());
 }
 
 void tst_EditRecorder::undoOfATileDeletionRestoresTilesMapsAndBlocks()
@@ -383,17 +402,24 @@ void tst_EditRecorder::documentsMadeLaterAreTracked()
 
 void tst_EditRecorder::trackingTwiceRecordsOnce()
 {
+    int requests = 0;
+    m_set->recorder = std::make_unique<EditRecorder>(&m_set->project, [&](const QUuid &) {
+        ++requests;
+        return stack();
+    });
     m_set->recorder->trackPalette(m_set->palette);
     m_set->recorder->trackTileSet(m_set->tileSet);
     m_set->recorder->trackSprites(m_set->sprites);
     m_set->recorder->trackBlocks(m_set->blocks);
 
+    m_set->palette->setColour(3, Qt::white, false);
     m_set->tileSet->insertTile(0);
     emit m_set->sprites->structureAboutToChange();
     emit m_set->sprites->structureChanged(QStringLiteral("Move Sprite"));
     m_set->block->setDelay(3);
 
-    QCOMPARE(stack()->count(), 3);
+    QCOMPARE(requests, 4);
+    QCOMPARE(stack()->count(), 4);
 }
 
 void tst_EditRecorder::theClockIsTheTimeSinceTheEpoch()
