@@ -14,6 +14,7 @@
 #include "model/TileMap.h"
 #include "model/TileSet.h"
 #include "tree/ProjectWindow.h"
+#include "uikit/WaitCursor.h"
 
 #include <QClipboard>
 #include <QFileInfo>
@@ -243,6 +244,7 @@ void ProjectActions::importPicture(const QString &filePath)
     const QScopedValueRollback importing(m_importing, true);
     PictureImport::Outcome outcome;
     {
+        const WaitCursor wait;
         PictureImport import(filePath);
         ImportProgress progress(window(), import.squareCount());
         connect(&import.slicer(), &ImageSlicer::processed, &import.slicer(),

@@ -1,6 +1,7 @@
 #include "control/ProjectController.h"
 
 #include "menus/FileMenu.h"
+#include "uikit/WaitCursor.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
@@ -107,7 +108,7 @@ void ProjectController::openProject(QString filePath)
 
     close();
     m_mainWindow->setUpdatesEnabled(false);
-    if (m_store.load(filePath)) {
+    if (load(filePath)) {
         m_project = m_store.project();
         emit projectOpened(m_project);
         m_fileMenu->addRecent(filePath);
@@ -116,6 +117,18 @@ void ProjectController::openProject(QString filePath)
         m_project.clear();
     }
     m_mainWindow->setUpdatesEnabled(true);
+}
+
+bool ProjectController::load(const QString &filePath)
+{
+    const WaitCursor wait;
+    return m_store.load(filePath);
+}
+
+bool ProjectController::write(bool backup)
+{
+    const WaitCursor wait;
+    return m_store.save(backup);
 }
 
 void ProjectController::save()
@@ -133,7 +146,7 @@ void ProjectController::save()
 
 void ProjectController::saveToFile()
 {
-    if (m_store.save(_backupOnSave()))
+    if (write(_backupOnSave()))
         markClean();
 }
 
@@ -145,7 +158,7 @@ void ProjectController::saveToNewFile()
 
     m_store.setFileName(path);
     // Nothing is there to keep.
-    if (m_store.save(false)) {
+    if (write(false)) {
         m_fileMenu->addRecent(path);
         markClean();
     } else {

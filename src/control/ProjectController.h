@@ -78,6 +78,8 @@ public slots:
 private:
     int askAboutChanges(const QString &name);
     QString askForPath();
+    bool load(const QString &filePath);
+    bool write(bool backup);
     void saveToFile();
     void saveToNewFile();
 

@@ -8,6 +8,7 @@
 #include "model/Palette.h"
 #include "model/Project.h"
 #include "model/SpriteBank.h"
+#include "uikit/WaitCursor.h"
 
 #include <QActionGroup>
 #include <QFileDialog>
@@ -151,6 +152,7 @@ void SpriteMenu::importBinaryData(SpriteEditor::ImportBinaryDialog::ImportAction
     if (!m_project || !m_binaryDialog)
         return;
 
+    const WaitCursor wait;
     const SpriteImport::Outcome outcome = SpriteImport::importRaw(
         m_project, m_bank, m_binaryDialog->fileName(), flags.toInt(), paletteId);
     if (outcome.created)
@@ -163,6 +165,7 @@ void SpriteMenu::importImage(SpriteEditor::ImportImageDialog::ImportActions acti
     if (!m_project || !m_imageDialog)
         return;
 
+    const WaitCursor wait;
     SpriteImport::importSheet(m_project, m_bank, m_imageDialog->fileName(), actions.toInt(),
                               paletteId);
 }

@@ -35,6 +35,7 @@ private slots:
     void openingADamagedFileLeavesNoProject_data();
     void openingADamagedFileLeavesNoProject();
     void openingIsRefusedByTheUser();
+    void theWaitCursorShowsWhileFilesAreReadAndWritten();
     void savingWithoutAProjectDoesNothing();
     void savingANewProjectAsksForTheFile();
     void cancellingTheFileDialogKeepsTheProjectDirty();
@@ -342,6 +343,28 @@ void tst_ProjectController::openingIsRefusedByTheUser()
 
     QCOMPARE(m_prompts, 1);
     QCOMPARE(m_controller->project()->palettes().size(), 1);
+}
+
+void tst_ProjectController::theWaitCursorShowsWhileFilesAreReadAndWritten()
+{
+    QStringList waited;
+    const auto note = [&waited](const QString &what) {
+        return [&waited, what] {
+            const QCursor *cursor = QGuiApplication::overrideCursor();
+            if (cursor && cursor->shape() == Qt::WaitCursor)
+                waited.append(what);
+        };
+    };
+    connect(m_controller->store(), &ProjectStore::projectLoad, this, note("read"));
+    connect(m_controller->store(), &ProjectStore::showMessage, this, note("message"));
+    connect(m_controller.get(), &ProjectController::saveFinished, this, note("saved"));
+    connect(m_controller.get(), &ProjectController::projectOpened, this, note("opened"));
+
+    openSaved();
+    QCOMPARE(waited, QStringList("message"));
+    m_controller->openProject(path("a.tessaril"));
+    QCOMPARE(waited, QStringList({"message", "read", "message"}));
+    QVERIFY(!QGuiApplication::overrideCursor());
 }
 
 void tst_ProjectController::savingWithoutAProjectDoesNothing()
