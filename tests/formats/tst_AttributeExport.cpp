@@ -3,6 +3,7 @@
 #include "model/TileSet.h"
 #include "support/TestFiles.h"
 
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -19,6 +20,16 @@ const QByteArray Header = "\tTA_NONE        = $00\n"
                           "\tTA_LADDER      = $40\n"
                           "\tTA_DOOR        = $80\n";
 
+/// Runs a program of the assembler to its end and tells what it complained about.
+bool run(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.start(program, arguments);
+    return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit &&
+           process.exitCode() == 0;
+}
+
 } // namespace
 
 class tst_AttributeExport : public QObject
@@ -31,6 +42,8 @@ private slots:
     void theSeventeenthTileBeginsALine();
     void digitsAreTwoAndInLowerCase();
     void bytesStandAlone();
+    void theSourceAssemblesToTheBytes_data();
+    void theSourceAssemblesToTheBytes();
     void theSuffixDecidesInAnyCase_data();
     void theSuffixDecidesInAnyCase();
     void aFileThatCannotBeOpenedFails();
@@ -79,6 +92,35 @@ void tst_AttributeExport::bytesStandAlone()
     tiles.tile(2)->setAttributes(255);
 
     QCOMPARE(AttributeExport::binary(tiles), QByteArray("\x00\x40\xff", 3));
+}
+
+void tst_AttributeExport::theSourceAssemblesToTheBytes_data()
+{
+    QTest::addColumn<int>("count");
+
+    QTest::newRow("no tile") << 0;
+    QTest::newRow("one line") << 16;
+    QTest::newRow("a second line") << 17;
+    QTest::newRow("every value") << 512;
+}
+
+void tst_AttributeExport::theSourceAssemblesToTheBytes()
+{
+    QFETCH(int, count);
+    const QTemporaryDir folder;
+    const TileSet tiles(nullptr, count);
+    for (int i = 0; i < count; ++i)
+        tiles.tile(i)->setAttributes(255 - (i & 255));
+    QVERIFY(AttributeExport::write(tiles, folder.filePath("a.asm")));
+    QVERIFY(AttributeExport::write(tiles, folder.filePath("a.bin")));
+
+    QVERIFY(run("z80-unknown-coff-as", {"-o", folder.filePath("a.o"), folder.filePath("a.asm")}));
+    QVERIFY(run("z80-unknown-coff-objcopy",
+                {"-O", "binary", "-j", ".text", folder.filePath("a.o"), folder.filePath("a.rom")}));
+
+    QCOMPARE(TestFiles::contents(folder.filePath("a.rom")),
+             TestFiles::contents(folder.filePath("a.bin")));
+    QCOMPARE(TestFiles::contents(folder.filePath("a.bin")).size(), count);
 }
 
 void tst_AttributeExport::theSuffixDecidesInAnyCase_data()
