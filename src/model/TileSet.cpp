@@ -80,6 +80,20 @@ void TileSet::copyTile(int to, int from)
     emit structureChanged(QStringLiteral("Copy Tile"));
 }
 
+void TileSet::moveTile(int from, int to)
+{
+    if (to == from || !contains(to) || !contains(from))
+        return;
+
+    emit structureAboutToChange();
+    const int step = from < to ? 1 : -1;
+    for (int place = from; place != to; place += step) {
+        m_tiles.swapItemsAt(place, place + step);
+        emit tileSwapped(place, place + step);
+    }
+    emit structureChanged(QStringLiteral("Move Tile"));
+}
+
 QImage TileSet::tileImage(int index, bool rotate, bool flip, bool mirror, int paletteOffset) const
 {
     if (!contains(index)) {

@@ -64,6 +64,10 @@ public:
     /// Gives tile @p to the picture and the offset of @p from, bracketed as one structural change
     /// with the text "Copy Tile". Nothing if they are equal or one is out of range.
     void copyTile(int to, int from);
+    /// Lifts tile @p from out and puts it back at @p to, bracketed as one structural change with
+    /// the text "Move Tile"; each tile that it passes is told by tileSwapped(). Nothing if they are
+    /// equal or one is out of range.
+    void moveTile(int from, int to);
 
     /// The picture of a tile as a screen shows it: every pixel is (pixel & 15) | offset * 16, then
     /// rotated, flipped (top to bottom) and mirrored (left to right). Out of range gives some 8 by
@@ -89,7 +93,7 @@ signals:
     void tileChanged(int index);
     void tileDeleted(int index);
     void tileInserted(int index);
-    /// Sent by the tile picker's move for each adjacent swap.
+    /// Sent by moveTile() for each adjacent swap.
     void tileSwapped(int first, int second);
     void structureAboutToChange();
     /// @p text is the title of the undo step.

@@ -6,6 +6,7 @@
 #include "support/TestImages.h"
 #include "support/TileSetLog.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 #include <memory>
@@ -38,6 +39,10 @@ private slots:
     void copyingTakesPictureAndOffset();
     void copyingNothingSendsNothing_data();
     void copyingNothingSendsNothing();
+    void movingShiftsTheTilesBetween_data();
+    void movingShiftsTheTilesBetween();
+    void movingNowhereSendsNothing_data();
+    void movingNowhereSendsNothing();
     void tileOffsetOutOfRangeIsZero();
     void tileImageAddsThePaletteOffset_data();
     void tileImageAddsThePaletteOffset();
@@ -255,6 +260,69 @@ void tst_TileSet::copyingNothingSendsNothing()
     set.copyTile(to, from);
 
     QVERIFY(log.sent.isEmpty());
+}
+
+void tst_TileSet::movingShiftsTheTilesBetween_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::addColumn<QList<int>>("order");
+    QTest::addColumn<QList<QVariantList>>("swaps");
+
+    QTest::newRow("back") << 1 << 3 << QList<int>{0, 2, 3, 1, 4}
+                          << QList<QVariantList>{{1, 2}, {2, 3}};
+    QTest::newRow("forward") << 4 << 2 << QList<int>{0, 1, 4, 2, 3}
+                             << QList<QVariantList>{{4, 3}, {3, 2}};
+    QTest::newRow("next door") << 0 << 1 << QList<int>{1, 0, 2, 3, 4}
+                               << QList<QVariantList>{{0, 1}};
+}
+
+void tst_TileSet::movingShiftsTheTilesBetween()
+{
+    QFETCH(int, from);
+    QFETCH(int, to);
+    QFETCH(QList<int>, order);
+    QFETCH(QList<QVariantList>, swaps);
+    TileSet set(nullptr, 5);
+    for (int i = 0; i < set.count(); ++i)
+        set.tile(i)->setValue(i);
+    const TileSetLog log(&set);
+    QSignalSpy swapped(&set, &TileSet::tileSwapped);
+
+    set.moveTile(from, to);
+
+    QList<int> values;
+    for (const Tile *tile : set.tiles())
+        values.append(tile->value());
+    QCOMPARE(values, order);
+    QCOMPARE(swapped, swaps);
+    QCOMPARE(log.sent.first(), QString("about"));
+    QCOMPARE(log.sent.last(), QString("structure Move Tile"));
+    QCOMPARE(log.sent.size(), swaps.size() + 2);
+}
+
+void tst_TileSet::movingNowhereSendsNothing_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+
+    QTest::newRow("onto itself") << 1 << 1;
+    QTest::newRow("from before the first") << -1 << 1;
+    QTest::newRow("to before the first") << 1 << -1;
+    QTest::newRow("from behind the last") << 3 << 1;
+    QTest::newRow("to behind the last") << 1 << 3;
+}
+
+void tst_TileSet::movingNowhereSendsNothing()
+{
+    QFETCH(int, from);
+    QFETCH(int, to);
+    TileSet set(nullptr, 3);
+    const TileSetLog log(&set);
+
+    set.moveTile(from, to);
+
+    QCOMPARE(log.sent, QStringList());
 }
 
 void tst_TileSet::tileOffsetOutOfRangeIsZero()
