@@ -11,6 +11,7 @@
 #include "canvas/Raster.h"
 #include "canvas/RectangleCanvasTool.h"
 #include "canvas/SelectCanvasTool.h"
+#include "formats/NextFormats.h"
 #include "model/Palette.h"
 
 #include <QMetaEnum>
@@ -323,6 +324,7 @@ void Canvas::finishEdit(const QString &text, Kind kind)
     if (m_beforeImage.isNull())
         return;
     const QImage before = std::exchange(m_beforeImage, QImage());
-    if (m_surface.image() != before)
+    // Two pictures are equal to Qt when they look alike, even if their indices differ.
+    if (NextFormats::pixelBytes(m_surface.image()) != NextFormats::pixelBytes(before))
         emit edited(text, before, m_surface.image(), kind);
 }

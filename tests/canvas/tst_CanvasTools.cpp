@@ -15,6 +15,7 @@ private slots:
     void drawLeavesGapsBetweenEvents();
     void drawOutsideSetsNothingAndIsNoEdit();
     void aStrokeThatChangesNothingIsNoEdit();
+    void aStrokeInAnIndexOfTheSameColourIsAnEdit();
     void shapesAreDrawnAtTheReleaseInInk_data();
     void shapesAreDrawnAtTheReleaseInInk();
     void aShapeInProgressShowsWithoutBeingInTheImage();
@@ -81,6 +82,18 @@ void tst_CanvasTools::aStrokeThatChangesNothingIsNoEdit()
     test.drag({0, 0}, {2, 0});
 
     QCOMPARE(test.edited->count(), 0);
+}
+
+void tst_CanvasTools::aStrokeInAnIndexOfTheSameColourIsAnEdit()
+{
+    CanvasFixture fixture({"22", "22"});
+    fixture.palette.setColour(1, Qt::black);
+    fixture.palette.setColour(2, Qt::black);
+
+    fixture.click(1, 0);
+
+    QCOMPARE(fixture.rows(), QStringList({"21", "22"}));
+    QCOMPARE(fixture.edited->count(), 1);
 }
 
 void tst_CanvasTools::shapesAreDrawnAtTheReleaseInInk_data()
