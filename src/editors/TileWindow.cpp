@@ -25,7 +25,7 @@ constexpr int CanvasSide = 256; // pixels
 constexpr int MaxOffset = 16;   // counting from 1
 constexpr int ColourColumns = 8;
 constexpr int SectionMargin = 1; // pixels
-constexpr int MinToolColumns = 3;
+constexpr int MinToolColumns = 2;
 constexpr int ToolWidth = 37; // pixels, with the gap
 
 /// The offset of a tile as the bank of 16 colours that it means, also if a file held nonsense.
@@ -82,11 +82,15 @@ QWidget *TileWindow::makeContent()
     m_canvas->setZoomLevel(CanvasSide / Tile::Side);
     m_canvas->setImageType(Tessaril::Ui::ImageType::Offset16);
     addTools();
+    // The tools reach down beside the colours, where they need the room.
+    auto *picture = new QVBoxLayout;
+    picture->addWidget(m_canvas);
+    picture->addWidget(m_colours, 0, Qt::AlignLeft);
+    picture->addStretch();
     auto *drawing = new QHBoxLayout;
-    drawing->addWidget(m_canvas, 0, Qt::AlignTop);
+    drawing->addLayout(picture);
     drawing->addWidget(m_tools, 1);
     layout->addLayout(drawing);
-    layout->addWidget(m_colours, 0, Qt::AlignLeft);
     addFields(layout);
     addSections(layout);
     layout->addStretch();
@@ -113,6 +117,7 @@ void TileWindow::addFields(QVBoxLayout *layout)
     m_offset->setSingleStep(1);
     m_offset->setAccessibleName(tr("Palette Offset"));
     auto *fields = new QFormLayout;
+    fields->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
     fields->addRow(tr("Tile"), m_tileRange);
     fields->addRow(tr("Palette Offset"), m_offset);
     layout->addLayout(fields);
