@@ -1,30 +1,284 @@
 #include "app/MainWindow.h"
 
+#include "app/Identity.h"
+#include "dialogs/GeneralPage.h"
+#include "editors/TilePickerGrid.h"
+#include "model/Palette.h"
+#include "model/Project.h"
+#include "model/SpriteBank.h"
+#include "model/TileSet.h"
+
 #include <QApplication>
-#include <QMessageBox>
+#include <QCloseEvent>
+#include <QIcon>
 #include <QStatusBar>
+#include <QToolBar>
+
+namespace {
+
+constexpr int FileIconSide = 18; // pixels
+
+Update::Build runningBuild()
+{
+    return {QString::fromLatin1(Identity::Version), QString::fromLatin1(Identity::BuildDate)};
+}
+
+} // namespace
 
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
+    , m_projectWindow(this)
+    , m_paletteWindow(this)
+    , m_tileWindow(this)
+    , m_spriteWindow(this)
+    , m_tilePicker(this)
+    , m_blockSelector(this)
+    , m_mapSprites(this)
+    , m_mapToolBar(this)
+    , m_tabs(this)
+    , m_label(this)
+    , m_menuBar(this)
+    , m_projectController(this, m_menuBar.fileMenu())
+    , m_state(this)
+    , m_preferences(this)
+    , m_messageDialog(this)
+    , m_updateDialog(this)
+    , _updates(
+          m_preferences.generalPage(), runningBuild(), [this] { persistPreferences(); }, this)
+    , m_views(makeViews())
+    , m_documentController(m_views, &m_projectController, this)
+    , m_projectActions(m_views, &m_projectController, &m_documentController)
+    , m_layoutController(this, makeDocks(), m_menuBar.viewMenu(), this)
+{
+    nameDocks();
+    connectProjectControl();
+    connectActions();
+    setUpFrame();
+    m_layoutController.resetLayout();
+    connect(m_projectController.store(), &ProjectStore::loadError, this, &MainWindow::showError);
+    connect(m_projectController.store(), &ProjectStore::saveError, this, &MainWindow::showError);
+    setMenuBar(&m_menuBar);
+    makeFileToolBar();
+    connectMessages();
+    connectMenus();
+    connectProjectLife();
+    connectUpdates();
+    show();
+    statusBar()->showMessage(windowTitle());
+    m_menuBar.tileMenu()->setEnabled(false);
+    m_menuBar.spriteMenu()->setEnabled(false);
+    m_menuBar.setProject(nullptr);
+}
+
+MainWindow::~MainWindow()
+{
+    // While the docks are alive, as they still show the project.
+    m_projectController.close();
+    disconnect(qApp, nullptr, &m_documentController, nullptr);
+    // Members all, and none of them a child to delete.
+    setMenuBar(nullptr);
+    takeCentralWidget();
+}
+
+DocumentViews MainWindow::makeViews()
+{
+    return {.tabs = &m_tabs,
+            .projectWindow = &m_projectWindow,
+            .paletteWindow = &m_paletteWindow,
+            .tileWindow = &m_tileWindow,
+            .tilePicker = &m_tilePicker,
+            .mapToolBar = &m_mapToolBar,
+            .menuBar = &m_menuBar,
+            .preferences = &m_preferences};
+}
+
+void MainWindow::nameDocks()
+{
+    const auto name = [](DockWidget &dock, const QString &objectName, const QString &title,
+                         const QString &placeholder) {
+        dock.setObjectName(objectName);
+        dock.setWindowTitle(title);
+        dock.setPlaceholderText(placeholder);
+    };
+    name(m_spriteWindow, QStringLiteral("SpriteEditor"), tr("Sprite Editor"),
+         tr("No sprites selected"));
+    name(m_blockSelector, QStringLiteral("TileListWindow"), tr("Map Objects"),
+         tr("No tile active tile set"));
+    name(m_mapSprites, QStringLiteral("MapSpritesWindow"), tr("Map Sprites"),
+         tr("No sprite banks"));
+}
+
+LayoutController::Docks MainWindow::makeDocks()
+{
+    return {.project = &m_projectWindow,
+            .palette = &m_paletteWindow,
+            .tile = &m_tileWindow,
+            .sprite = &m_spriteWindow,
+            .tilePicker = &m_tilePicker,
+            .blockSelector = &m_blockSelector,
+            .mapSprites = &m_mapSprites};
+}
+
+void MainWindow::setUpFrame()
 {
     setUnifiedTitleAndToolBarOnMac(true);
     setDocumentMode(true);
+    statusBar()->addPermanentWidget(&m_label);
     setWindowTitle(QApplication::applicationName());
     resize(1024, 768);
-    connect(statusBar(), &QStatusBar::messageChanged, this, &MainWindow::messageChanged);
-    show();
-    statusBar()->showMessage(windowTitle());
+    setWindowIcon(QIcon(QStringLiteral(":Application")));
+    setCentralWidget(&m_tabs);
 }
 
-MainWindow::~MainWindow() = default;
+void MainWindow::makeFileToolBar()
+{
+    QToolBar *const bar = addToolBar(tr("File"));
+    bar->setObjectName(QStringLiteral("File Toolbar"));
+    bar->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    bar->setIconSize(QSize(FileIconSide, FileIconSide));
+    const FileMenu *const menu = m_menuBar.fileMenu();
+    bar->addActions({menu->newAction(), menu->openAction(), menu->saveAction(),
+                     menu->saveAsAction(), menu->closeAction()});
+    bar->addSeparator();
+    bar->addAction(menu->quitAction());
+    addToolBar(&m_mapToolBar);
+    m_mapToolBar.setEnabled(false);
+}
 
 void MainWindow::showError(QString name)
 {
-    QMessageBox::warning(this, QStringLiteral("Warning!"), name);
+    m_messageDialog.showMessage(tr("Warning!"), name);
 }
 
 void MainWindow::messageChanged(QString message)
 {
-    if (message.isEmpty())
-        statusBar()->showMessage(windowTitle());
+    if (!message.isEmpty())
+        return;
+    const QString file = m_projectController.store()->fileName();
+    const Project *const project = m_projectController.project();
+    statusBar()->showMessage(project && !file.isEmpty()
+                                 ? QStringLiteral("%1 [%2]").arg(project->name(), file)
+                                 : windowTitle());
+}
+
+void MainWindow::nextTile()
+{
+    showTile(1);
+}
+
+void MainWindow::previousTile()
+{
+    showTile(-1);
+}
+
+void MainWindow::showTile(int step)
+{
+    const auto tileSet = m_tileWindow.tileSet();
+    if (!tileSet)
+        return;
+    const int number = m_tileWindow.tileNumber() + step;
+    if (number < 1 || number > tileSet->count())
+        return;
+    m_tileWindow.setTileIndex(number);
+    m_tilePicker.grid()->setSelectedIndex(number - 1);
+    m_tilePicker.grid()->update();
+    emit m_tilePicker.grid()->selectedIndexChanged(number - 1);
+}
+
+void MainWindow::changeTilePalette(QUuid paletteId)
+{
+    const Project *const project = m_projectController.project();
+    const auto palette = project ? project->palette(paletteId) : QPointer<Palette>();
+    const auto tileSet = m_tileWindow.tileSet();
+    if (!palette || !tileSet)
+        return;
+    tileSet->setPalette(palette);
+    m_tileWindow.setPalette(palette);
+}
+
+void MainWindow::importZXFont(int index, int foreIndex, int backIndex, int offset, QString file)
+{
+    if (const auto tileSet = m_tileWindow.tileSet())
+        tileSet->importZXFont(index, foreIndex, backIndex, offset, file);
+}
+
+void MainWindow::projectOpened(Project *project)
+{
+    setWindowTitle(QStringLiteral("%2 - %1").arg(project->name(), QApplication::applicationName()));
+    m_projectWindow.setEnabled(true);
+    m_projectWindow.showContent();
+    m_projectWindow.setProject(project);
+    connect(project, qOverload<QString, int>(&Project::showMessage), statusBar(),
+            &QStatusBar::showMessage);
+    connect(project, qOverload<QString>(&Project::showMessage), statusBar(),
+            [this](const QString &message) { statusBar()->showMessage(message); });
+    connect(project, &Project::error, this, &MainWindow::showError);
+    m_menuBar.viewMenu()->setScratchEnabled(true);
+    m_menuBar.tileMenu()->setEnabled(false);
+    m_menuBar.setProject(project);
+    m_documentController.openProject(project);
+
+    ImageEditor::View *const scratch = m_tabs.scratchEditor();
+    scratch->setPalette(project->scratchPalette());
+    scratch->setImage(project->scratchImage());
+    scratch->setUndoStack(m_documentController.undoStack(QUuid()));
+    m_documentController.restoreOpenDocuments();
+}
+
+void MainWindow::showEvent(QShowEvent *event)
+{
+    if (m_isFirstShow) {
+        m_isFirstShow = false;
+        readState();
+        m_menuBar.viewMenu()->setChecked(ViewMenu::CheckableItem::StatusBar,
+                                         statusBar()->isVisibleTo(this));
+        _updates.checkAtStart();
+    }
+    QMainWindow::showEvent(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    if (!m_projectController.canClose()) {
+        event->setAccepted(false);
+        return;
+    }
+    m_tabs.setUpdatesEnabled(false);
+    m_tabs.closeAll();
+    m_tabs.setUpdatesEnabled(true);
+    writeState();
+    event->setAccepted(true);
+}
+
+void MainWindow::readState()
+{
+    if (m_state.load()) {
+        if (!m_state.windowState.isEmpty())
+            restoreState(m_state.windowState);
+        if (!m_state.windowGeometry.isEmpty())
+            restoreGeometry(m_state.windowGeometry);
+        if (!m_state.recent.isEmpty())
+            m_menuBar.fileMenu()->setRecent(m_state.recent);
+        if (!m_state.lastPath.isEmpty())
+            m_menuBar.fileMenu()->setLastPath(m_state.lastPath);
+    }
+    m_tilePicker.setZoom(m_state.tileZoom);
+    m_preferences.restore(m_state.loadPreferences());
+}
+
+void MainWindow::writeState()
+{
+    m_state.windowState = saveState();
+    m_state.windowGeometry = saveGeometry();
+    m_state.recent = m_menuBar.fileMenu()->recent();
+    m_state.tileZoom = m_tilePicker.zoom();
+    m_state.lastPath = m_menuBar.fileMenu()->lastDirectory().absolutePath();
+    m_state.save();
+    persistPreferences();
+}
+
+void MainWindow::persistPreferences()
+{
+    m_state.savePreferences(m_preferences.snapshot());
 }

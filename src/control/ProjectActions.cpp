@@ -1,8 +1,13 @@
 #include "control/ProjectActions.h"
 
+#include "colour/PaletteWindow.h"
+#include "control/DocumentController.h"
+#include "control/DocumentTabView.h"
 #include "control/ImportProgress.h"
 #include "control/ProjectController.h"
 #include "dialogs/MessageDialog.h"
+#include "editors/TilePickerTool.h"
+#include "editors/TileWindow.h"
 #include "formats/FourFileImport.h"
 #include "formats/PictureImport.h"
 #include "menus/MenuBar.h"
@@ -71,19 +76,22 @@ void ProjectActions::createTileSet(QString name, QUuid paletteId, int tileCount,
                                           ? project()->createPalette(CreateBlank, name)
                                           : project()->palette(paletteId);
     if (palette)
-        project()->createTileSet(name, palette->id(), tileCount, hiRes);
+        showTileSet(project()->createTileSet(name, palette->id(), tileCount, hiRes)->id());
 }
 
 void ProjectActions::createMap(QString name, QUuid tileSetId, QSize &size)
 {
-    if (project() && project()->tileSet(tileSetId))
-        project()->createMap(name, tileSetId, size);
+    const QPointer<Map> map = project() ? project()->createMap(name, tileSetId, size) : nullptr;
+    if (map)
+        showMap(map);
 }
 
 void ProjectActions::createBlocks(QString name, QUuid tileSetId)
 {
-    if (project())
-        project()->createBlockList(name, tileSetId);
+    if (!project())
+        return;
+    project()->createBlockList(name, tileSetId);
+    showTileSet(tileSetId);
 }
 
 void ProjectActions::createSprites(SpriteDialog::CreateOptions options, QString name,
@@ -107,7 +115,23 @@ void ProjectActions::createMapFromSelection(QUuid mapId, QSize size)
 
     const QPointer<Map> map =
         project()->createMap(source->name() + tr(" Part"), source->tileSetId(), size);
+    if (!map)
+        return;
     map->tileLayer()->fromData(QPoint(0, 0), QGuiApplication::clipboard()->mimeData());
+    showMap(map);
+}
+
+void ProjectActions::showMap(const QPointer<Map> &map)
+{
+    if (m_documents)
+        m_documents->setActiveMap(map->id());
+    showTileSet(map->tileSetId());
+}
+
+void ProjectActions::showTileSet(const QUuid &id)
+{
+    if (m_documents)
+        m_documents->setActiveTileSet(id);
 }
 
 void ProjectActions::copyItem(ProjectTree::ProjectNode node, QUuid id)
@@ -167,6 +191,8 @@ void ProjectActions::deletePalette(const QUuid &id)
                   "images"));
         return;
     }
+    if (m_views.paletteWindow)
+        m_views.paletteWindow->setPalette(QPointer<Palette>());
     m_views.menuBar->paletteMenu()->setPalette(QUuid());
     removeFromTree(ProjectTree::ProjectNode::Palette, id);
 }
@@ -178,11 +204,17 @@ void ProjectActions::deleteTileSet(const QUuid &id)
                tr("You may not delete this Tile Set; it is used by one or more maps"));
         return;
     }
+    if (m_views.tileWindow)
+        m_views.tileWindow->setTileSet(nullptr);
+    if (m_views.tilePicker)
+        m_views.tilePicker->setTileSet(nullptr);
     TileMenu *menu = m_views.menuBar->tileMenu();
     menu->setEnabled(true);
     menu->setNewTileSetEnabled(true);
     menu->setTileSetActionsEnabled(false);
     removeFromTree(ProjectTree::ProjectNode::TileSet, id);
+    if (m_documents)
+        m_documents->removeUndoStack(id);
 }
 
 void ProjectActions::deleteBlocks(const QUuid &id)
@@ -192,7 +224,7 @@ void ProjectActions::deleteBlocks(const QUuid &id)
                tr("You may not delete these objects; they are in use by one or more maps"));
         return;
     }
-    removeFromTree(ProjectTree::ProjectNode::Objects, id);
+    forget(ProjectTree::ProjectNode::Objects, id);
 }
 
 void ProjectActions::deleteSpriteBank(const QUuid &id)
@@ -200,14 +232,23 @@ void ProjectActions::deleteSpriteBank(const QUuid &id)
     if (const QPointer<SpriteBank> bank = project()->spriteBank(id))
         m_views.menuBar->spriteMenu()->removeSpriteBank(bank);
     project()->deleteSpriteBank(id);
-    removeFromTree(ProjectTree::ProjectNode::Sprites, id);
+    forget(ProjectTree::ProjectNode::Sprites, id);
 }
 
 void ProjectActions::deleteMap(const QUuid &id)
 {
     project()->deleteMap(id);
     m_views.menuBar->mapMenu()->setMap(QUuid());
-    removeFromTree(ProjectTree::ProjectNode::Map, id);
+    forget(ProjectTree::ProjectNode::Map, id);
+}
+
+void ProjectActions::forget(ProjectTree::ProjectNode node, const QUuid &id)
+{
+    if (m_views.tabs)
+        m_views.tabs->closeDocument(id);
+    if (m_documents)
+        m_documents->removeUndoStack(id);
+    removeFromTree(node, id);
 }
 
 void ProjectActions::removeFromTree(ProjectTree::ProjectNode node, const QUuid &id)

@@ -12,6 +12,7 @@
 
 class DocumentController;
 class ImageSlicer;
+class Map;
 class MessageDialog;
 class Project;
 class ProjectController;
@@ -54,6 +55,10 @@ private:
     void deleteBlocks(const QUuid &id);
     void deleteSpriteBank(const QUuid &id);
     void deleteMap(const QUuid &id);
+    void showMap(const QPointer<Map> &map);
+    void showTileSet(const QUuid &id);
+    /// Closes the tab of a deleted document, drops its history and takes it out of the tree.
+    void forget(ProjectTree::ProjectNode node, const QUuid &id);
     void removeFromTree(ProjectTree::ProjectNode node, const QUuid &id);
     void refuse(const QString &title, const QString &text);
     void importFourFiles(const QString &filePath);

@@ -62,3 +62,8 @@ void DockWidget::showContent()
     if (m_stack)
         m_stack->setCurrentIndex(ContentPage);
 }
+
+QScrollArea *DockWidget::scrollArea() const
+{
+    return m_scrollArea;
+}

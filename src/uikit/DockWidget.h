@@ -24,7 +24,7 @@ public:
 
     bool isContentShown() const;
     /// The area around the content, for owners that scroll it. Owned by the dock.
-    QScrollArea *scrollArea() const { return m_scrollArea; }
+    QScrollArea *scrollArea() const;
 
 public slots:
     void showPlaceholder();

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QObject>
+
+class DockWidget;
+class QMainWindow;
+class ViewMenu;
+
+/// Sets where the docks stand.
+class LayoutController : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Docks
+    {
+        DockWidget *project;
+        DockWidget *palette;
+        DockWidget *tile;
+        DockWidget *sprite;
+        DockWidget *tilePicker;
+        DockWidget *blockSelector;
+        DockWidget *mapSprites;
+    };
+
+    /// The window and the docks outlive this. The docks' toggle actions go into @p viewMenu.
+    LayoutController(QMainWindow *window, const Docks &docks, ViewMenu *viewMenu,
+                     QObject *parent = nullptr);
+
+public slots:
+    /// Every dock in its place of the beginning, shown. The tile picker is not taken out before.
+    void resetLayout();
+
+private:
+    QMainWindow *m_window;
+    Docks m_docks;
+};

@@ -1,0 +1,137 @@
+// How the document controller follows the tabs and the focus, and routes undo and the Edit menu.
+
+#include "control/DocumentController.h"
+#include "control/ProjectController.h"
+#include "editors/TileWindow.h"
+#include "history/EditRecorder.h"
+#include "mapeditor/MapGrid.h"
+#include "mapeditor/ToolBar.h"
+#include "mapeditor/View.h"
+#include "menus/MenuBar.h"
+#include "model/Project.h"
+#include "model/SpriteBank.h"
+#include "model/TileSet.h"
+#include "tree/ProjectWindow.h"
+
+#include <QApplication>
+#include <QUndoStack>
+
+DocumentController::DocumentController(const DocumentViews &views, ProjectController *controller,
+                                       QObject *parent)
+    : QObject(parent)
+    , m_views(views)
+    , m_controller(controller)
+{
+    connectViews();
+    makeUndoActions();
+    connect(m_views.tabs, &QTabWidget::currentChanged, this, &DocumentController::tabChanged);
+    connectEditMenu();
+    const auto stackFor = [this](const QUuid &id) { return undoStack(id); };
+    m_views.tileWindow->setStackFor(stackFor);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget *, QWidget *now) { routeFocus(now); });
+}
+
+DocumentController::~DocumentController()
+{
+    // The stacks die before what they belong to may still change.
+    delete m_recorder;
+}
+
+void DocumentController::connectViews()
+{
+    ProjectWindow *const window = m_views.projectWindow;
+    connect(window, &ProjectWindow::selectedPaletteChanged, this,
+            &DocumentController::setActivePalette);
+    connect(window, &ProjectWindow::selectedTileSetChanged, this,
+            &DocumentController::setActiveTileSet);
+    connect(window, &ProjectWindow::selectedMapChanged, this, &DocumentController::setActiveMap);
+    connect(window, &ProjectWindow::selectedImageChanged, this,
+            &DocumentController::setActiveImageEditor);
+    connect(m_views.tabs, &DocumentTabView::MapEditorActivated, this,
+            &DocumentController::setActiveMap);
+    connect(m_views.tabs, &DocumentTabView::ScratchEditorActivated, this,
+            &DocumentController::scratchEditorActivated);
+    connect(m_views.tabs->scratchEditor(), &ImageEditor::View::imageChanged, this,
+            [this](const QImage &image) {
+                if (project())
+                    project()->setScratchImage(image);
+            });
+}
+
+void DocumentController::makeUndoActions()
+{
+    EditMenu *const menu = m_views.menuBar->editMenu();
+    QAction *const undo = m_undoStacks.group()->createUndoAction(menu);
+    undo->setShortcut(QKeySequence::Undo);
+    QAction *const redo = m_undoStacks.group()->createRedoAction(menu);
+    redo->setShortcut(QKeySequence::Redo);
+    menu->insertUndoActions(undo, redo);
+}
+
+void DocumentController::connectEditMenu()
+{
+    const auto route = [this](void (EditMenu::*signal)(), void (EditTarget::*operation)()) {
+        connect(m_views.menuBar->editMenu(), signal, this, [this, operation] {
+            if (EditTarget *const target = editTarget())
+                (target->*operation)();
+        });
+    };
+    route(&EditMenu::cut, &EditTarget::cut);
+    route(&EditMenu::copy, &EditTarget::copy);
+    route(&EditMenu::paste, &EditTarget::paste);
+    route(&EditMenu::selectAll, &EditTarget::selectAll);
+    route(&EditMenu::selectNone, &EditTarget::selectNone);
+}
+
+EditTarget *DocumentController::editTarget() const
+{
+    return dynamic_cast<EditTarget *>(m_editTarget.data());
+}
+
+void DocumentController::tabChanged()
+{
+    QWidget *const current = m_views.tabs->currentWidget();
+    auto *const view = project() ? qobject_cast<MapEditor::View *>(current) : nullptr;
+    attachToolBar(view);
+    if (project() && current) {
+        setEditTarget(current, current->property("document_id").toUuid());
+        return;
+    }
+    m_editTarget = current;
+    m_undoStacks.clearActive();
+    m_views.menuBar->editMenu()->setClipboardEnabled(false);
+}
+
+void DocumentController::attachToolBar(MapEditor::View *view)
+{
+    if (m_mapView && m_mapView != view)
+        m_mapView->unbindToolBar();
+    m_mapView = view;
+    if (view)
+        view->bindToolBar(m_views.mapToolBar);
+    m_views.mapToolBar->setEnabled(view != nullptr);
+}
+
+void DocumentController::setEditTarget(QWidget *target, const QUuid &stackId)
+{
+    m_editTarget = target;
+    m_undoStacks.setActive(stackId);
+    m_views.menuBar->editMenu()->setClipboardEnabled(editTarget() != nullptr);
+}
+
+void DocumentController::routeFocus(QWidget *now)
+{
+    if (!project() || !now)
+        return;
+    const auto holds = [now](const QWidget *window) {
+        return window == now || window->isAncestorOf(now);
+    };
+    if (holds(m_views.tileWindow)) {
+        const auto tileSet = m_views.tileWindow->tileSet();
+        if (m_editTarget != m_views.tileWindow)
+            setEditTarget(m_views.tileWindow, tileSet ? tileSet->id() : QUuid());
+    } else if (holds(m_views.tabs) && m_editTarget == m_views.tileWindow) {
+        tabChanged();
+    }
+}

@@ -1,0 +1,199 @@
+#include "control/DocumentTabView.h"
+#include "mapeditor/View.h"
+
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTabBar>
+#include <QTest>
+
+using Type = DocumentTabView::DocumentType;
+
+class tst_DocumentTabView : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { m_tabs = std::make_unique<DocumentTabView>(); }
+    void isSetUpForDocuments();
+    void aSingleTabStillShowsItsBar();
+    void aDocumentBearsItsIdAndType();
+    void activationNamesTheDocument_data();
+    void activationNamesTheDocument();
+    void theFirstTabIsAnnouncedToo();
+    void tabsWithoutATypeAreNotAnnounced();
+    void findsAndClosesByDocument();
+    void closingDeletesAllButTheScratchEditor();
+    void theScratchEditorComesAndGoes();
+    void documentsAreListedInTabOrder();
+    void mapViewsAreFound();
+    void endsCleanlyWithTheScratchEditorOpen();
+
+private:
+    QWidget *add(Type type, const QUuid &id)
+    {
+        auto *const view = new QWidget;
+        m_tabs->addDocument(view, type, id, "text");
+        return view;
+    }
+
+    std::unique_ptr<DocumentTabView> m_tabs;
+    const QUuid m_first = QUuid::createUuid();
+    const QUuid m_second = QUuid::createUuid();
+};
+
+void tst_DocumentTabView::isSetUpForDocuments()
+{
+    QVERIFY(m_tabs->tabsClosable());
+    QVERIFY(m_tabs->documentMode());
+    QCOMPARE(m_tabs->elideMode(), Qt::ElideRight);
+    QVERIFY(m_tabs->tabBar()->usesScrollButtons());
+    QVERIFY(m_tabs->tabBar()->expanding());
+    QVERIFY(m_tabs->tabBar()->isMovable());
+    QCOMPARE(m_tabs->count(), 0);
+}
+
+void tst_DocumentTabView::aSingleTabStillShowsItsBar()
+{
+    add(Type::Map, m_first);
+    m_tabs->resize(400, 300);
+    m_tabs->show();
+
+    QVERIFY(!m_tabs->tabBar()->autoHide());
+    QVERIFY(m_tabs->tabBar()->isVisible());
+}
+
+void tst_DocumentTabView::aDocumentBearsItsIdAndType()
+{
+    QWidget *const view = add(Type::Sprites, m_first);
+
+    QCOMPARE(view->property("document_id").toUuid(), m_first);
+    QCOMPARE(view->property("document_type").toInt(), 3);
+    QCOMPARE(m_tabs->tabText(0), QString("text"));
+    QCOMPARE(m_tabs->scratchEditor()->property("document_type").toInt(), 1);
+    QVERIFY(!m_tabs->scratchEditor()->property("document_id").isValid());
+}
+
+void tst_DocumentTabView::activationNamesTheDocument_data()
+{
+    QTest::addColumn<Type>("type");
+    QTest::newRow("map") << Type::Map;
+    QTest::newRow("scratch") << Type::Scratch;
+    QTest::newRow("image") << Type::Image;
+    QTest::newRow("sprites") << Type::Sprites;
+    QTest::newRow("blocks") << Type::Blocks;
+}
+
+void tst_DocumentTabView::activationNamesTheDocument()
+{
+    QFETCH(Type, type);
+    add(type, m_first);
+    add(Type::Map, m_second);
+    QSignalSpy spies[] = {QSignalSpy(m_tabs.get(), &DocumentTabView::MapEditorActivated),
+                          QSignalSpy(m_tabs.get(), &DocumentTabView::ScratchEditorActivated),
+                          QSignalSpy(m_tabs.get(), &DocumentTabView::ImageEditorActivated),
+                          QSignalSpy(m_tabs.get(), &DocumentTabView::SpriteEditorActivated),
+                          QSignalSpy(m_tabs.get(), &DocumentTabView::BlockEditorActivated)};
+
+    m_tabs->setCurrentIndex(0);
+
+    for (int i = 0; i < 5; ++i) {
+        QCOMPARE(spies[i].count(), i == static_cast<int>(type) ? 1 : 0);
+        if (!spies[i].isEmpty() && type != Type::Scratch)
+            QCOMPARE(spies[i].first().first().toUuid(), m_first);
+    }
+}
+
+void tst_DocumentTabView::theFirstTabIsAnnouncedToo()
+{
+    QSignalSpy activated(m_tabs.get(), &DocumentTabView::MapEditorActivated);
+
+    add(Type::Map, m_first);
+
+    QCOMPARE(activated.count(), 1);
+    QCOMPARE(activated.first().first().toUuid(), m_first);
+}
+
+void tst_DocumentTabView::tabsWithoutATypeAreNotAnnounced()
+{
+    QSignalSpy activated(m_tabs.get(), &DocumentTabView::MapEditorActivated);
+
+    m_tabs->addTab(new QWidget, "plain");
+
+    QCOMPARE(activated.count(), 0);
+}
+
+void tst_DocumentTabView::findsAndClosesByDocument()
+{
+    const QPointer<QWidget> first = add(Type::Map, m_first);
+    const QPointer<QWidget> second = add(Type::Image, m_second);
+    QCOMPARE(m_tabs->indexOfDocument(m_second), 1);
+    QCOMPARE(m_tabs->documentWidget(m_second), second.data());
+    QCOMPARE(m_tabs->indexOfDocument(QUuid::createUuid()), -1);
+
+    m_tabs->closeDocument(m_first);
+    m_tabs->closeDocument(QUuid::createUuid());
+
+    QVERIFY(!first);
+    QVERIFY(second);
+    QCOMPARE(m_tabs->indexOfDocument(m_second), 0);
+}
+
+void tst_DocumentTabView::closingDeletesAllButTheScratchEditor()
+{
+    const QPointer<QWidget> view = add(Type::Map, m_first);
+    m_tabs->setScratchEditorVisible(true);
+    const QPointer<QWidget> scratch = m_tabs->scratchEditor();
+
+    m_tabs->closeTab(m_tabs->indexOf(scratch));
+    QVERIFY(scratch);
+    QCOMPARE(m_tabs->count(), 1);
+    emit m_tabs->tabCloseRequested(0);
+
+    QVERIFY(!view);
+    QCOMPARE(m_tabs->count(), 0);
+}
+
+void tst_DocumentTabView::theScratchEditorComesAndGoes()
+{
+    m_tabs->setScratchEditorVisible(false);
+    QCOMPARE(m_tabs->count(), 0);
+
+    m_tabs->setScratchEditorVisible(true);
+    QCOMPARE(m_tabs->currentWidget(), m_tabs->scratchEditor());
+    QCOMPARE(m_tabs->tabText(0), QString("Scratch Image Editor"));
+    m_tabs->setScratchEditorVisible(false);
+
+    QCOMPARE(m_tabs->count(), 0);
+}
+
+void tst_DocumentTabView::documentsAreListedInTabOrder()
+{
+    add(Type::Map, m_first);
+    m_tabs->setScratchEditorVisible(true);
+    add(Type::Image, m_second);
+    m_tabs->tabBar()->moveTab(2, 0);
+
+    QCOMPARE(m_tabs->documentIds(), QList<QUuid>({m_second, m_first, QUuid()}));
+}
+
+void tst_DocumentTabView::mapViewsAreFound()
+{
+    auto *const map = new MapEditor::View;
+    m_tabs->addDocument(map, Type::Map, m_first, "map");
+    add(Type::Image, m_second);
+
+    QCOMPARE(m_tabs->mapViews(), QList<MapEditor::View *>({map}));
+}
+
+void tst_DocumentTabView::endsCleanlyWithTheScratchEditorOpen()
+{
+    add(Type::Map, m_first);
+    m_tabs->setScratchEditorVisible(true);
+
+    m_tabs.reset();
+
+    QVERIFY(!m_tabs);
+}
+
+QTEST_MAIN(tst_DocumentTabView)
+#include "tst_DocumentTabView.moc"
