@@ -11,8 +11,8 @@
 #include "canvas/Raster.h"
 #include "canvas/RectangleCanvasTool.h"
 #include "canvas/SelectCanvasTool.h"
-#include "formats/NextFormats.h"
 #include "model/Palette.h"
+#include "model/PictureEquality.h"
 
 #include <QMetaEnum>
 #include <QStyle>
@@ -324,7 +324,6 @@ void Canvas::finishEdit(const QString &text, Kind kind)
     if (m_beforeImage.isNull())
         return;
     const QImage before = std::exchange(m_beforeImage, QImage());
-    // Two pictures are equal to Qt when they look alike, even if their indices differ.
-    if (NextFormats::pixelBytes(m_surface.image()) != NextFormats::pixelBytes(before))
+    if (!PictureEquality::haveEqualIndices(m_surface.image(), before))
         emit edited(text, before, m_surface.image(), kind);
 }

@@ -1,9 +1,9 @@
 #include "model/SpriteBank.h"
 
-#include "formats/NextFormats.h"
 #include "formats/NxImage.h"
 #include "formats/PictureFile.h"
 #include "model/Palette.h"
+#include "model/PictureEquality.h"
 #include "model/SpriteAnim.h"
 
 #include <cstring>
@@ -24,10 +24,7 @@ QImage blankStrip(int sprites)
 
 bool SpriteBank::State::operator==(const State &other) const
 {
-    // Two pictures are equal to Qt when they look alike, even if their indices differ.
-    return animations == other.animations && image.size() == other.image.size() &&
-           image.colorTable() == other.image.colorTable() &&
-           NextFormats::pixelBytes(image) == NextFormats::pixelBytes(other.image);
+    return animations == other.animations && PictureEquality::areEqual(image, other.image);
 }
 
 SpriteBank::SpriteBank(Tessaril::Sprite depth, QObject *parent)

@@ -6,6 +6,7 @@
 #include "formats/PixelOrder.h"
 #include "model/MapObjects.h"
 #include "model/Palette.h"
+#include "model/PictureEquality.h"
 #include "model/Tile.h"
 
 namespace {
@@ -31,10 +32,8 @@ QImage characterImage(const QByteArray &font, qsizetype offset, QImage image, in
 
 bool TileSet::TileState::operator==(const TileState &other) const
 {
-    // Two pictures are equal to Qt when they look alike, even if their indices differ.
     return offset == other.offset && attributes == other.attributes && value == other.value &&
-           image.colorTable() == other.image.colorTable() &&
-           NextFormats::pixelBytes(image) == NextFormats::pixelBytes(other.image);
+           PictureEquality::areEqual(image, other.image);
 }
 
 TileSet::TileSet(QObject *parent, int tileCount)

@@ -23,6 +23,7 @@ private slots:
     void wholeImageActions_data();
     void wholeImageActions();
     void anActionThatChangesNothingIsNoEdit();
+    void anotherIndexOfTheSameColourIsAnEdit();
     void modesDropTheSelection();
     void cutWithoutASelectionDoesNothing();
     void cutFillsTheSelectionWithPaper();
@@ -232,6 +233,24 @@ void tst_Canvas::anActionThatChangesNothingIsNoEdit()
     test.canvas.setMode(Tool::Mirror, false);
 
     QCOMPARE(test.edited->count(), 0);
+}
+
+void tst_Canvas::anotherIndexOfTheSameColourIsAnEdit()
+{
+    Canvas canvas; // without a palette: pixels of no colour at all
+    QImage image(2, 1, QImage::Format_Indexed8);
+    image.fill(0);
+    canvas.setImage(image);
+    QSignalSpy edited(&canvas, &Canvas::edited);
+
+    canvas.setMode(Tool::Mirror, false);
+    QCOMPARE(edited.count(), 0);
+
+    image.scanLine(0)[1] = 5;
+    canvas.setImage(image);
+    canvas.setMode(Tool::Mirror, false);
+    QCOMPARE(edited.count(), 1);
+    QCOMPARE(canvas.image().constScanLine(0)[0], uchar(5));
 }
 
 void tst_Canvas::modesDropTheSelection()
