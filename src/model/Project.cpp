@@ -4,10 +4,11 @@
 #include "model/Map.h"
 #include "model/MapObjects.h"
 #include "model/Palette.h"
+#include "model/ProjectClones.h"
 #include "model/ProjectReader.h"
 #include "model/ProjectWriter.h"
 #include "model/SpriteBank.h"
-#include "model/Tile.h"
+#include "model/SpriteReferences.h"
 #include "model/TileMap.h"
 #include "model/TileSet.h"
 
@@ -48,24 +49,6 @@ bool any(const Documents &documents, Predicate predicate)
 {
     return std::any_of(documents.cbegin(), documents.cend(),
                        [&](const auto &document) { return document && predicate(document); });
-}
-
-QString copyName(const QString &name)
-{
-    return name + QStringLiteral(" (copy)");
-}
-
-void copyWords(Palette *to, const Palette *from)
-{
-    for (int i = 0; i < Palette::Size; ++i)
-        to->setWord(i, from->word(i));
-}
-
-/// Whether a placed sprite is a single sprite of that bank. Sprites placed as animations name the
-/// animation and do not follow the order of the bank.
-bool isSpriteOf(const Map::PlacedSprite &placed, const QUuid &bank)
-{
-    return placed.bank == bank && placed.animation.isNull() && placed.sprite >= 0;
 }
 
 /// The documents are only declared where the signals name them, so their pointers are not known to
@@ -193,7 +176,7 @@ QPointer<Palette> Project::createPalette(CreateAction action, QString name, QUui
     switch (action) {
     case CreateCopy:
         if (const QPointer<Palette> original = palette(source))
-            copyWords(created, original);
+            ProjectClones::copyWords(created, *original);
         break;
     case CreateDefault:
         created->setDefaultColours();
@@ -352,86 +335,33 @@ QStringList Project::paletteNames() const
 QPointer<Map> Project::cloneMap(QUuid id)
 {
     const QPointer<Map> source = map(id);
-    if (!source || !source->tileLayer())
-        return nullptr;
-
-    const TileMap *from = source->tileLayer();
-    const QPointer<Map> copy =
-        createMap(copyName(source->name()), source->tileSetId(), from->size());
-    if (!copy)
-        return nullptr;
-    for (int y = 0; y < from->height(); ++y) {
-        for (int x = 0; x < from->width(); ++x)
-            copy->tileLayer()->setCell({x, y}, from->cell({x, y}));
-    }
-    return copy;
+    return source ? ProjectClones::clone(this, *source) : nullptr;
 }
 
 QPointer<Palette> Project::clonePalette(QUuid id)
 {
     const QPointer<Palette> source = palette(id);
-    if (!source)
-        return nullptr;
-
-    const QPointer<Palette> copy = createPalette(CreateBlank, copyName(source->name()));
-    copyWords(copy, source);
-    return copy;
+    return source ? ProjectClones::clone(this, *source) : nullptr;
 }
 
 QPointer<TileSet> Project::cloneTileSet(QUuid id)
 {
     const QPointer<TileSet> source = tileSet(id);
-    if (!source)
-        return nullptr;
-
-    const QUuid paletteId = source->palette() ? source->paletteId() : QUuid();
-    const QPointer<TileSet> copy = createTileSet(copyName(source->name()), paletteId);
-    copy->clearTiles();
-    for (const Tile *tile : source->tiles()) {
-        auto *twin = new Tile(tile->offset(), copy);
-        twin->setImage(tile->image().copy());
-        twin->setAttributes(tile->attributes());
-        twin->setValue(tile->value());
-        copy->appendTile(twin);
-    }
-    return copy;
+    return source ? ProjectClones::clone(this, *source) : nullptr;
 }
 
 void Project::moveSpriteReferences(const QUuid &bank, int from, int to)
 {
-    if (from == to)
-        return;
-
-    const auto moved = [from, to](int sprite) {
-        if (sprite == from)
-            return to;
-        if (from < sprite && sprite <= to)
-            return sprite - 1;
-        if (to <= sprite && sprite < from)
-            return sprite + 1;
-        return sprite;
-    };
     for (const auto &map : std::as_const(m_maps)) {
-        if (!map)
-            continue;
-        for (Map::PlacedSprite &placed : map->sprites()) {
-            if (isSpriteOf(placed, bank))
-                placed.sprite = moved(placed.sprite);
-        }
+        if (map)
+            SpriteReferences::followMove(&map->sprites(), bank, from, to);
     }
 }
 
 void Project::deleteSpriteReferences(const QUuid &bank, int index)
 {
     for (const auto &map : std::as_const(m_maps)) {
-        if (!map)
-            continue;
-        map->sprites().removeIf([&](const Map::PlacedSprite &placed) {
-            return isSpriteOf(placed, bank) && placed.sprite == index;
-        });
-        for (Map::PlacedSprite &placed : map->sprites()) {
-            if (isSpriteOf(placed, bank) && placed.sprite > index)
-                --placed.sprite;
-        }
+        if (map)
+            SpriteReferences::followDelete(&map->sprites(), bank, index);
     }
 }
