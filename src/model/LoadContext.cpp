@@ -21,6 +21,11 @@ bool LoadContext::failAsInvalid()
     return fail(QStringLiteral("Invalid project file"));
 }
 
+bool LoadContext::takeDocuments(qint64 count)
+{
+    return count <= MaxDocuments || failAsInvalid();
+}
+
 bool LoadContext::takeRecords(qint64 count)
 {
     return take(m_records, count, MaxRecords) || failAsInvalid();
@@ -42,6 +47,11 @@ bool LoadContext::takeFrames(qint64 frames, QSize size)
     return takeRecords(frames) && ((take(m_documentCells, cells, MaxDocumentCells) &&
                                     take(m_frameCells, cells, MaxFrameCells)) ||
                                    failAsInvalid());
+}
+
+bool LoadContext::takePlacedCells(qint64 count)
+{
+    return take(m_placedCells, count, MaxPlacedCells) || failAsInvalid();
 }
 
 bool LoadContext::takeMapCells(QSize size)

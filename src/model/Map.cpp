@@ -165,10 +165,8 @@ void Map::restoreAnimations(const QList<MapObjects *> &blocks)
         if (record->id.isNull())
             continue;
         for (const MapObjects *list : blocks) {
-            for (const auto &animation : list->animations()) {
-                if (animation && animation->id() == record->id)
-                    stampAnimation(animation, record->rect.topLeft());
-            }
+            if (const auto animation = list->animation(record->id))
+                stampAnimation(animation, record->rect.topLeft());
         }
     }
 }

@@ -1,5 +1,6 @@
 #include "model/ProjectReader.h"
 
+#include "model/AnimatedBlocks.h"
 #include "model/ArchiveNames.h"
 #include "model/ArchivePicture.h"
 #include "model/ImageJson.h"
@@ -12,6 +13,7 @@
 #include "model/PaletteJson.h"
 #include "model/ProjectWriter.h"
 #include "model/SpriteBankJson.h"
+#include "model/TileAnimation.h"
 #include "model/TileSetJson.h"
 
 #include <QJsonArray>
@@ -21,12 +23,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Whether the text stays within what its parser may take of memory: an empty object is two bytes
-/// of text and many more of tree.
-bool isModest(const QByteArray &json)
+qint64 cellCount(const TileMap &layer, const QRect &rect)
 {
-    return json.size() <= ProjectReader::MaxJsonSize &&
-           json.count('{') + json.count('[') <= ProjectReader::MaxJsonNodes;
+    const QRect inside = layer.insidePart(rect);
+    return qint64(inside.width()) * inside.height();
+}
+
+/// The cells that restoring a map's placed blocks writes: those below each block, and the first
+/// frame of each animation that bears its id.
+qint64 placedCellCount(const Map &map, const QList<MapObjects *> &blocks)
+{
+    qint64 count = 0;
+    for (const auto &placed : map.animatedBlocks()->blocks()) {
+        count += cellCount(*map.tileLayer(), placed->rect);
+        for (const MapObjects *list : blocks) {
+            if (const auto animation = list->animation(placed->id))
+                count += cellCount(*map.tileLayer(), {placed->rect.topLeft(), animation->size()});
+        }
+    }
+    return count;
 }
 
 } // namespace
@@ -61,14 +76,18 @@ bool ProjectReader::readProject()
     readScratch();
     if (!readAll(root, "mapObjects"_L1, MapObjectsJson::read))
         return false;
-    restoreAnimations();
-    return true;
+    return restoreAnimations();
+}
+
+bool ProjectReader::accepts(const QByteArray &json)
+{
+    return json.size() <= MaxJsonSize && json.count('{') + json.count('[') <= MaxJsonNodes;
 }
 
 bool ProjectReader::readRoot(QJsonObject *root)
 {
     const QByteArray json = m_context.entry(ArchiveNames::Project);
-    if (json.isEmpty() || !isModest(json))
+    if (json.isEmpty() || !accepts(json))
         return m_context.failAsInvalid();
 
     QJsonParseError parsed;
@@ -104,7 +123,7 @@ void ProjectReader::readSettings(const QJsonObject &root)
 bool ProjectReader::readAll(const QJsonObject &root, QLatin1String key, DocumentReader read)
 {
     const QJsonArray documents = root.value(key).toArray();
-    if (!m_context.takeRecords(documents.size()))
+    if (!m_context.takeDocuments(documents.size()))
         return false;
     for (const auto &document : documents) {
         if (!read(document.toObject(), m_context))
@@ -122,7 +141,7 @@ void ProjectReader::readScratch()
         m_project->m_scratchImage = *image;
 }
 
-void ProjectReader::restoreAnimations()
+bool ProjectReader::restoreAnimations()
 {
     QList<MapObjects *> blocks;
     for (const auto &each : std::as_const(m_project->m_mapObjects)) {
@@ -130,7 +149,13 @@ void ProjectReader::restoreAnimations()
             blocks += each;
     }
     for (const auto &map : std::as_const(m_project->m_maps)) {
-        if (map)
-            map->restoreAnimations(blocks);
+        if (!map)
+            continue;
+        // Looking through the lists is work, too.
+        if (!m_context.takePlacedCells(map->animatedBlocks()->blocks().size() * blocks.size()) ||
+            !m_context.takePlacedCells(placedCellCount(*map, blocks)))
+            return false;
+        map->restoreAnimations(blocks);
     }
+    return true;
 }

@@ -17,6 +17,10 @@ public:
 
     ProjectReader(Project *project, const Project::EntryReader &read);
 
+    /// Whether a project.json stays within what its parser may take of memory: an empty object is
+    /// two bytes of text and many more of tree.
+    static bool accepts(const QByteArray &json);
+
     /// False with @p error in the user's words.
     [[nodiscard]] bool load(QString *error);
 
@@ -28,7 +32,7 @@ private:
     void readSettings(const QJsonObject &root);
     bool readAll(const QJsonObject &root, QLatin1String key, DocumentReader read);
     void readScratch();
-    void restoreAnimations();
+    bool restoreAnimations();
 
     Project *m_project;
     LoadContext m_context;

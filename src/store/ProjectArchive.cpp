@@ -15,6 +15,13 @@ bool fail(QString *error, const QString &message)
     return false;
 }
 
+/// Whether load() would take an entry back.
+bool isLoadable(const QString &name, const QByteArray &data)
+{
+    return name == ArchiveNames::Project ? ProjectReader::accepts(data)
+                                         : data.size() <= ZipFile::MaxEntrySize;
+}
+
 /// The most that an entry may unpack to.
 qint64 limitOf(const QString &name)
 {
@@ -39,7 +46,7 @@ bool save(const QMap<QString, QByteArray> &entries, const QString &path, QString
         return fail(error, QStringLiteral("Could not create the project file"));
     for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
         // What could not be read again must not take the place of what can.
-        if (entry->size() > limitOf(entry.key()) || !zip.write(entry.key(), *entry))
+        if (!isLoadable(entry.key(), *entry) || !zip.write(entry.key(), *entry))
             return fail(error, QStringLiteral("Could not write %1").arg(entry.key()));
     }
     if (!zip.finish())

@@ -59,10 +59,6 @@ private slots:
     void wrongValuesTakeTheirDefault_data();
     void wrongValuesTakeTheirDefault();
     void aTwinReplacesTheEarlierDocument();
-    void positionsAtTheLimitsDoNotOverflow();
-    void tooManyRecordsAreRefused();
-    void tooManyFrameCellsAreRefused();
-    void tooMuchJsonIsRefused();
 
 private:
     bool load(const Entries &entries);
@@ -650,61 +646,6 @@ void tst_ProjectReader::aTwinReplacesTheEarlierDocument()
     QCOMPARE(m_project->palettes().size(), 1);
     QCOMPARE(m_project->palette(QUuid(Id))->name(), QStringLiteral("second"));
     QCOMPARE(m_project->findChildren<Palette *>().size(), 1);
-}
-
-void tst_ProjectReader::positionsAtTheLimitsDoNotOverflow()
-{
-    constexpr int Max = std::numeric_limits<int>::max();
-    constexpr int Min = std::numeric_limits<int>::min();
-    const QJsonObject far{{"x", Max}, {"y", Min}, {"width", Max}, {"height", Max}};
-    const QJsonObject negative{{"x", Min}, {"y", Min}, {"width", Min}, {"height", Min}};
-    Entries entries = mapEntries(
-        {{"animations", QJsonArray{far, negative}}, {"sprites", QJsonArray{far, negative}}});
-    QJsonObject root = TestProjects::json(entries);
-    root["play_area"] = far;
-    root["screen_size"] = far;
-    entries["project.json"] = QJsonDocument(root).toJson();
-
-    QVERIFY(load(entries));
-
-    m_project->maps().first()->resize({3, 3}, Qt::AlignRight | Qt::AlignBottom);
-    QVERIFY(m_project->archiveEntries(true).size() > 2);
-}
-
-void tst_ProjectReader::tooManyRecordsAreRefused()
-{
-    QByteArray json = "{\"palettes\":[{}";
-    json += QByteArray(",{}").repeated(LoadContext::MaxRecords);
-    json += "]}";
-
-    QVERIFY(!load(Entries{{"project.json", json}}));
-
-    QCOMPARE(m_error, QStringLiteral("Invalid project file"));
-    QVERIFY(m_project->palettes().isEmpty());
-}
-
-void tst_ProjectReader::tooManyFrameCellsAreRefused()
-{
-    QJsonArray frames;
-    for (int i = 0; i < 256; ++i)
-        frames.append(QJsonObject());
-    const QJsonObject full{{"width", 256}, {"height", 256}, {"frames", frames}};
-    const QJsonObject little{{"width", 1}, {"height", 1}, {"frames", QJsonArray{QJsonObject()}}};
-
-    QVERIFY(!load(one("mapObjects", {{"animations", QJsonArray{little, full}}})));
-
-    QCOMPARE(m_error, QStringLiteral("Invalid project file"));
-}
-
-void tst_ProjectReader::tooMuchJsonIsRefused()
-{
-    const QByteArray blanks(ProjectReader::MaxJsonSize, ' ');
-    QVERIFY(!load(Entries{{"project.json", "{}" + blanks}}));
-    QCOMPARE(m_error, QStringLiteral("Invalid project file"));
-
-    const QByteArray nodes = QByteArray("[],").repeated(ProjectReader::MaxJsonNodes);
-    QVERIFY(!load(Entries{{"project.json", "{\"x\":[" + nodes + "0]}"}}));
-    QCOMPARE(m_error, QStringLiteral("Invalid project file"));
 }
 
 QTEST_GUILESS_MAIN(tst_ProjectReader)

@@ -4,11 +4,14 @@
 #include "model/Map.h"
 #include "model/MapObjects.h"
 #include "model/Palette.h"
+#include "model/PictureEquality.h"
 #include "model/Project.h"
 #include "model/SpriteAnim.h"
 #include "model/SpriteBank.h"
 #include "model/TileAnimation.h"
 #include "model/TileSet.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +21,13 @@ template <typename Value>
 void compare(QStringList &found, QLatin1String what, const Value &first, const Value &second)
 {
     if (!(first == second))
+        found += what;
+}
+
+void comparePictures(QStringList &found, QLatin1String what, const QImage &first,
+                     const QImage &second)
+{
+    if (!PictureEquality::areEqual(first, second))
         found += what;
 }
 
@@ -54,12 +64,22 @@ void comparePalettes(QStringList &found, const Palette *first, const Palette *se
         compare(found, "palette word"_L1, first->word(i), second->word(i));
 }
 
+/// The tiles of a set without their colour tables: a file keeps the colours of the palette, and a
+/// tile keeps those of its picture.
+TileSet::State statesOf(const TileSet *tileSet)
+{
+    TileSet::State state = tileSet->state();
+    for (TileSet::TileState &tile : state)
+        tile.image.setColorTable({});
+    return state;
+}
+
 void compareTileSets(QStringList &found, const TileSet *first, const TileSet *second)
 {
     compare(found, "tile set name"_L1, first->name(), second->name());
     compare(found, "tile set hi-res"_L1, first->hiRes(), second->hiRes());
     compare(found, "tile set palette"_L1, first->paletteId(), second->paletteId());
-    compare(found, "tiles"_L1, first->state(), second->state());
+    compare(found, "tiles"_L1, statesOf(first), statesOf(second));
 }
 
 void compareBanks(QStringList &found, const SpriteBank *first, const SpriteBank *second)
@@ -68,8 +88,7 @@ void compareBanks(QStringList &found, const SpriteBank *first, const SpriteBank 
     compare(found, "bank depth"_L1, first->depth(), second->depth());
     compare(found, "bank transparency"_L1, first->transparency(), second->transparency());
     compare(found, "bank offsets"_L1, first->offsets(), second->offsets());
-    compare(found, "bank strip"_L1, first->image(), second->image());
-    compare(found, "bank colours"_L1, first->image().colorTable(), second->image().colorTable());
+    comparePictures(found, "bank strip"_L1, first->image(), second->image());
     compare(found, "bank palette"_L1, first->palette() ? first->palette()->id() : QUuid(),
             second->palette() ? second->palette()->id() : QUuid());
     compare(found, "bank animations"_L1, first->animations().size(), second->animations().size());
@@ -127,19 +146,24 @@ void compareImages(QStringList &found, const Image *first, const Image *second)
 {
     compare(found, "image name"_L1, first->name(), second->name());
     compare(found, "image mode"_L1, first->mode(), second->mode());
-    compare(found, "image pixels"_L1, first->image(), second->image());
+    comparePictures(found, "image pixels"_L1, first->image(), second->image());
     compare(found, "image palette"_L1, first->palette() ? first->palette()->id() : QUuid(),
             second->palette() ? second->palette()->id() : QUuid());
 }
 
-template <typename Documents, typename Find, typename Compare>
+/// By id in the lists, as the project itself never finds a document that bears the null id.
+template <typename Documents, typename Compare>
 void compareAll(QStringList &found, QLatin1String what, const Documents &first,
-                const Documents &second, Find find, Compare compareTwo)
+                const Documents &second, Compare compareTwo)
 {
     compare(found, what, first.size(), second.size());
     for (const auto &document : first) {
-        if (const auto other = find(document->id()))
-            compareTwo(found, document, other);
+        const auto other =
+            std::find_if(second.cbegin(), second.cend(), [&document](const auto &candidate) {
+                return candidate->id() == document->id();
+            });
+        if (other != second.cend())
+            compareTwo(found, document, *other);
         else
             found += what;
     }
@@ -156,24 +180,12 @@ QStringList ProjectDifferences::between(const Project &first, const Project &sec
     compare(found, "play area"_L1, first.playArea(), second.playArea());
     compare(found, "open documents"_L1, first.openDocuments(), second.openDocuments());
     compare(found, "scratch palette"_L1, first.scratchPaletteId(), second.scratchPaletteId());
-    compare(found, "scratch image"_L1, first.scratchImage(), second.scratchImage());
-    compareAll(
-        found, "palettes"_L1, first.palettes(), second.palettes(),
-        [&](const QUuid &id) { return second.palette(id); }, comparePalettes);
-    compareAll(
-        found, "tile sets"_L1, first.tileSets(), second.tileSets(),
-        [&](const QUuid &id) { return second.tileSet(id); }, compareTileSets);
-    compareAll(
-        found, "sprite banks"_L1, first.spriteBanks(), second.spriteBanks(),
-        [&](const QUuid &id) { return second.spriteBank(id); }, compareBanks);
-    compareAll(
-        found, "images"_L1, first.images(), second.images(),
-        [&](const QUuid &id) { return second.image(id); }, compareImages);
-    compareAll(
-        found, "maps"_L1, first.maps(), second.maps(),
-        [&](const QUuid &id) { return second.map(id); }, compareMaps);
-    compareAll(
-        found, "block lists"_L1, first.mapObjects(), second.mapObjects(),
-        [&](const QUuid &id) { return second.blocks(id); }, compareBlocks);
+    comparePictures(found, "scratch image"_L1, first.scratchImage(), second.scratchImage());
+    compareAll(found, "palettes"_L1, first.palettes(), second.palettes(), comparePalettes);
+    compareAll(found, "tile sets"_L1, first.tileSets(), second.tileSets(), compareTileSets);
+    compareAll(found, "sprite banks"_L1, first.spriteBanks(), second.spriteBanks(), compareBanks);
+    compareAll(found, "images"_L1, first.images(), second.images(), compareImages);
+    compareAll(found, "maps"_L1, first.maps(), second.maps(), compareMaps);
+    compareAll(found, "block lists"_L1, first.mapObjects(), second.mapObjects(), compareBlocks);
     return found;
 }
