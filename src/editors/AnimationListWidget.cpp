@@ -1,6 +1,5 @@
 #include "editors/AnimationListWidget.h"
 
-#include "model/Animation.h"
 #include "uikit/ThemedIcon.h"
 
 #include <QAction>
@@ -74,6 +73,7 @@ void AnimationListWidget::setUpList()
     m_list->setIconSize({IconSide, IconSide});
     m_list->setAccessibleName(tr("Animations"));
     setFocusProxy(m_list);
+    keepUnselected();
     if (m_mode & Narrow) {
         m_list->setSpacing(1);
         m_list->setUniformItemSizes(true);
@@ -159,7 +159,14 @@ void AnimationListWidget::clear()
             disconnect(entry.animation, nullptr, this, nullptr);
     }
     m_list->clear();
+    keepUnselected();
     updateActions();
+}
+
+void AnimationListWidget::keepUnselected()
+{
+    // A view in which nobody has set an index yet picks the first one when it gets the focus.
+    m_list->setCurrentIndex({});
 }
 
 void AnimationListWidget::clearSelection()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/Animation.h"
+
 #include <QHash>
 #include <QImage>
 #include <QPointer>
@@ -9,7 +11,6 @@
 
 #include <functional>
 
-class Animation;
 class QListWidget;
 class QListWidgetItem;
 class QMenu;
@@ -84,6 +85,7 @@ private:
     };
 
     void setUpList();
+    void keepUnselected();
     void addButtons(QVBoxLayout *layout);
     void addContextMenu();
     void connectAnimation(Animation *animation);

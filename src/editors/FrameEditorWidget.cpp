@@ -65,10 +65,17 @@ void FrameEditorWidget::setAnimation(Animation *animation)
         connect(m_animation, &Animation::sizeChanged, this, &FrameEditorWidget::resizeToFrame);
         connect(m_animation, &Animation::frameChanged, this, &FrameEditorWidget::redraw);
         connect(m_animation, &Animation::contentChanged, this, &FrameEditorWidget::contentChanged);
-        connect(m_animation, &QObject::destroyed, this, [this] { setAnimation(nullptr); });
+        connect(m_animation, &QObject::destroyed, this, &FrameEditorWidget::animationDied);
     }
     setEnabled(m_animation != nullptr);
     resizeToFrame();
+}
+
+void FrameEditorWidget::animationDied()
+{
+    // Who heard of it earlier may have given us another one.
+    if (!m_animation)
+        setAnimation(nullptr);
 }
 
 void FrameEditorWidget::setCurrentFrame(int frame)
@@ -199,7 +206,7 @@ void FrameEditorWidget::redraw()
 void FrameEditorWidget::resizeToFrame()
 {
     if (!contains(m_selectedCell))
-        clearSelection();
+        selectNone();
     resize(sizeHint());
     updateGeometry();
     redraw();
@@ -208,14 +215,14 @@ void FrameEditorWidget::resizeToFrame()
 void FrameEditorWidget::contentChanged()
 {
     m_hoverCell = NoCell;
-    clearSelection();
+    selectNone();
     redraw();
     // An undo may have taken the frame on show.
     if (m_currentFrame >= m_animation->frameCount() || m_currentFrame < 0)
         setCurrentFrame(m_currentFrame);
 }
 
-void FrameEditorWidget::clearSelection()
+void FrameEditorWidget::selectNone()
 {
     if (m_selectedCell.x() < 0)
         return;

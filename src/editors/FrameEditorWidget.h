@@ -72,6 +72,8 @@ public slots:
     /// Double and halve the scale.
     void zoomIn();
     void zoomOut();
+    /// Leaves no cell selected; emits selectedCellChanged() if one was.
+    void selectNone();
     /// Draws the cells anew, for changes that the animation does not tell of.
     void redraw();
 
@@ -105,8 +107,8 @@ private:
 
     void setScale(int scale);
     void resizeToFrame();
-    void clearSelection();
     void contentChanged();
+    void animationDied();
     void setHoverCell(QPoint cell);
     void select(QPoint cell);
     void openContextMenu(QPoint globalPosition);

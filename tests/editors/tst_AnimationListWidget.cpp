@@ -55,6 +55,7 @@ private slots:
     void narrowListsAreSlim();
     void drawsIconsThroughTheOwner();
     void clickingAnItemReportsIt();
+    void theFocusAlonePicksNothing();
 
 private:
     SpriteAnim *addNamed(AnimationListWidget &list, const QString &name, bool select = false);
@@ -439,6 +440,24 @@ void tst_AnimationListWidget::clickingAnItemReportsIt()
 
     QCOMPARE(selected.count(), 1);
     QCOMPARE(selected.at(0).at(0).value<Animation *>(), second);
+}
+
+void tst_AnimationListWidget::theFocusAlonePicksNothing()
+{
+    AnimationListWidget list(SpriteMode);
+    list.clear();
+    addNamed(list, "A");
+    QSignalSpy selected(&list, &AnimationListWidget::selectedItemChanged);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowActive(&list));
+
+    list.setFocus(Qt::TabFocusReason);
+
+    QVERIFY(items(list)->hasFocus());
+    QCOMPARE(selected.count(), 0);
+    QCOMPARE(list.currentAnimation(), nullptr);
+    QTest::keyClick(items(list), Qt::Key_Down);
+    QCOMPARE(selected.count(), 1);
 }
 
 QTEST_MAIN(tst_AnimationListWidget)
