@@ -15,11 +15,12 @@ bool fail(QString *error, const QString &message)
     return false;
 }
 
-/// Whether load() would take an entry back.
+/// Whether load() would take an entry back. A picture that is too high for a PNG comes empty.
 bool isLoadable(const QString &name, const QByteArray &data)
 {
-    return name == ArchiveNames::Project ? ProjectReader::accepts(data)
-                                         : data.size() <= ZipFile::MaxEntrySize;
+    if (name == ArchiveNames::Project)
+        return ProjectReader::accepts(data);
+    return !data.isEmpty() && data.size() <= ZipFile::MaxEntrySize;
 }
 
 /// The most that an entry may unpack to.

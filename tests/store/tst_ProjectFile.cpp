@@ -2,6 +2,7 @@
 
 #include "model/Palette.h"
 #include "model/Project.h"
+#include "model/SpriteBank.h"
 #include "store/ProjectStore.h"
 
 #include <QDir>
@@ -39,6 +40,7 @@ private slots:
     void aFullDeviceIsReportedAndStays();
     void aReadOnlyFileStays();
     void tooMuchJsonIsNotWritten();
+    void aPictureThatNoFileCanHoldIsNotWritten();
     void fullDisksLoseNothing_data();
     void fullDisksLoseNothing();
     void twoFailedSavesLeaveTheBackup();
@@ -336,6 +338,26 @@ void tst_ProjectFile::tooMuchJsonIsNotWritten()
              (QStringList{"Could not write project.json", "Could not write project.json"}));
     QCOMPARE(files(), QStringList{"a.tessaril"});
     QCOMPARE(loadedName(path()), QStringLiteral("first"));
+}
+
+void tst_ProjectFile::aPictureThatNoFileCanHoldIsNotWritten()
+{
+    QVERIFY(save("first"));
+    const auto bank =
+        m_store->project()->createSpriteBank(Tessaril::Sprite::EightBit, "high", QUuid());
+    QImage strip(16, 1'000'016, QImage::Format_Indexed8); // one sprite more than a PNG can have
+    strip.fill(1);
+    bank->setStrip(strip);
+
+    QVERIFY(!save("second"));
+    QVERIFY(!save("second", true));
+
+    const QString error = "Could not write sprite/" + bank->id().toString() + ".png";
+    QCOMPARE(m_errors, (QStringList{error, error}));
+    QCOMPARE(loadedName(path("a.tessaril.bak")), QStringLiteral("first"));
+    QVERIFY(m_store->project()->deleteSpriteBank(bank->id()));
+    QVERIFY(save("third"));
+    QCOMPARE(loadedName(path()), QStringLiteral("third"));
 }
 
 void tst_ProjectFile::fullDisksLoseNothing_data()

@@ -247,9 +247,14 @@ void tst_ProjectStore::loadingAnnouncesTheProject()
     const QString name = m_store->project()->name();
     QVERIFY(m_store->save(false));
     m_events.clear();
+    QStringList fileNames; // as each signal finds it
+    const auto look = [&] { fileNames += m_store->fileName(); };
+    connect(m_store.get(), &ProjectStore::projectLoad, this, look);
+    connect(m_store.get(), &ProjectStore::showMessage, this, look);
 
     QVERIFY(m_store->load(path("a.tessaril")));
 
+    QCOMPARE(fileNames, (QStringList{QString(), path("a.tessaril")}));
     QCOMPARE(m_events, (QStringList{"load " + name, "show Project loaded 2500"}));
     QCOMPARE(m_store->fileName(), path("a.tessaril"));
     QCOMPARE(m_store->project()->parent(), m_store.get());
