@@ -1,0 +1,95 @@
+#include "mapeditor/BlockSelectorWindow.h"
+
+#include "editors/AnimationListWidget.h"
+#include "model/MapObjects.h"
+#include "model/TileSet.h"
+
+#include <QComboBox>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int ReadOnlyMode = 0; // of the animation list
+
+} // namespace
+
+BlockSelectorWindow::BlockSelectorWindow(QWidget *parent)
+    : DockWidget(parent)
+    , m_listCombo(new QComboBox)
+    , m_animations(new AnimationEditor::AnimationListWidget(ReadOnlyMode))
+{
+    setObjectName(QStringLiteral("TileListWindow"));
+    setWindowTitle(tr("Map Objects"));
+    setPlaceholderText(tr("No tile active tile set"));
+    m_listCombo->setAccessibleName(tr("Block list"));
+
+    auto *const content = new QWidget;
+    auto *const layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_listCombo);
+    layout->addWidget(m_animations, 1);
+    setContentWidget(content);
+
+    connect(m_listCombo, &QComboBox::currentIndexChanged, this, &BlockSelectorWindow::changeList);
+    connect(m_animations, &AnimationEditor::AnimationListWidget::selectedItemChanged, this,
+            [this](Animation *animation) {
+                if (auto *const block = qobject_cast<TileAnimation *>(animation))
+                    emit selectedItemChanged(block);
+            });
+}
+
+void BlockSelectorWindow::setTileSet(const QPointer<TileSet> &tileSet)
+{
+    for (const auto &blocks : std::as_const(m_blockLists)) {
+        if (blocks)
+            disconnect(blocks, nullptr, this, nullptr);
+    }
+    if (m_tileSet)
+        disconnect(m_tileSet, nullptr, this, nullptr);
+    m_tileSet = tileSet;
+    if (m_tileSet) {
+        setWindowTitle(tr("Map Objects: %1").arg(m_tileSet->name()));
+        showContent();
+    } else {
+        setWindowTitle(tr("Map Objects"));
+        showPlaceholder();
+    }
+    listBlocks();
+}
+
+void BlockSelectorWindow::listBlocks()
+{
+    m_blockLists.clear();
+    if (m_tileSet) {
+        for (const auto &blocks : m_tileSet->blockLists()) {
+            if (blocks)
+                m_blockLists.append(blocks);
+        }
+    }
+    std::sort(m_blockLists.begin(), m_blockLists.end(),
+              [](const auto &a, const auto &b) { return a->name() < b->name(); });
+    {
+        const QSignalBlocker blocker(m_listCombo);
+        m_listCombo->clear();
+        for (const auto &blocks : std::as_const(m_blockLists)) {
+            m_listCombo->addItem(blocks->name());
+            connect(blocks, &MapObjects::animationsChanged, this,
+                    [this] { changeList(m_listCombo->currentIndex()); });
+        }
+    }
+    changeList(m_listCombo->currentIndex());
+}
+
+void BlockSelectorWindow::changeList(int index)
+{
+    const QSignalBlocker blocker(m_animations);
+    m_animations->clear();
+    const auto blocks = m_blockLists.value(index);
+    if (!blocks)
+        return;
+    for (const auto &animation : blocks->animations())
+        m_animations->addAnimation(animation, false);
+}

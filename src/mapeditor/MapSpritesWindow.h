@@ -1,0 +1,30 @@
+#pragma once
+
+#include "model/SpriteAnim.h"
+#include "uikit/DockWidget.h"
+
+#include <QList>
+#include <QPointer>
+#include <QUuid>
+
+class SpriteAnimSelector;
+class SpriteBank;
+
+/// The dock from which sprites and their animations are chosen to be placed on a map.
+class MapSpritesWindow : public DockWidget
+{
+    Q_OBJECT
+
+public:
+    explicit MapSpritesWindow(QWidget *parent = nullptr);
+
+    /// Offers @p banks; which page is shown is the owner's business.
+    void setBanks(const QList<QPointer<SpriteBank>> &banks);
+
+signals:
+    void selectionChanged(QPointer<SpriteAnim> animation);
+    void spriteChosen(QUuid bankId, int index);
+
+private:
+    SpriteAnimSelector *m_selector;
+};

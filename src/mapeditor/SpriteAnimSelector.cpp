@@ -1,0 +1,151 @@
+#include "mapeditor/SpriteAnimSelector.h"
+
+#include "editors/AnimationListWidget.h"
+#include "model/SpriteBank.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int IconSide = 32;    // pixels
+constexpr int ReadOnlyMode = 0; // of the animation list
+
+} // namespace
+
+SpriteAnimSelector::SpriteAnimSelector(QWidget *parent)
+    : QWidget(parent)
+    , m_bankCombo(new QComboBox(this))
+    , m_animationsLabel(new QLabel(tr("Animations"), this))
+    , m_animations(new AnimationEditor::AnimationListWidget(ReadOnlyMode, this))
+    , m_empty(new QLabel(this))
+    , m_spritesLabel(new QLabel(tr("Sprites"), this))
+    , m_sprites(new QListWidget(this))
+{
+    m_bankCombo->setAccessibleName(tr("Sprite bank"));
+    m_empty->setWordWrap(true);
+    m_empty->setAlignment(Qt::AlignCenter);
+    m_sprites->setObjectName(QStringLiteral("sprites"));
+    m_sprites->setAccessibleName(tr("Sprites"));
+    m_sprites->setViewMode(QListView::IconMode);
+    m_sprites->setIconSize(QSize(IconSide, IconSide));
+    m_sprites->setResizeMode(QListView::Adjust);
+    m_sprites->setMovement(QListView::Static);
+
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_bankCombo);
+    layout->addWidget(m_animationsLabel);
+    layout->addWidget(m_animations, 1);
+    layout->addWidget(m_empty);
+    layout->addWidget(m_spritesLabel);
+    layout->addWidget(m_sprites, 1);
+
+    connect(m_bankCombo, &QComboBox::currentIndexChanged, this,
+            &SpriteAnimSelector::updateAnimations);
+    connect(m_animations, &AnimationEditor::AnimationListWidget::selectedItemChanged, this,
+            &SpriteAnimSelector::animationPicked);
+    connect(m_sprites, &QListWidget::currentRowChanged, this, &SpriteAnimSelector::spritePicked);
+    updateAnimations();
+}
+
+void SpriteAnimSelector::setBanks(const QList<QPointer<SpriteBank>> &banks)
+{
+    for (const auto &bank : std::as_const(m_banks)) {
+        if (bank)
+            disconnect(bank, nullptr, this, nullptr);
+    }
+    m_banks = banks;
+
+    const QString chosen = m_bankCombo->currentText();
+    {
+        const QSignalBlocker blocker(m_bankCombo);
+        m_bankCombo->clear();
+        for (const auto &bank : std::as_const(m_banks)) {
+            m_bankCombo->addItem(bank->name(), bank->id());
+            connect(bank, &SpriteBank::animationsChanged, this,
+                    &SpriteAnimSelector::updateAnimations);
+            connect(bank, &SpriteBank::countChanged, this, &SpriteAnimSelector::updateAnimations);
+            connect(bank, &SpriteBank::imageChanged, this, &SpriteAnimSelector::updateAnimations);
+            connect(bank, &SpriteBank::restored, this, &SpriteAnimSelector::updateAnimations);
+            // Deleted, it is still in the list, but its pointer reads null.
+            connect(bank, &QObject::destroyed, this, [this] { setBanks(livingBanks()); });
+        }
+        const int index = m_bankCombo->findText(chosen);
+        m_bankCombo->setCurrentIndex(index >= 0 ? index : (m_banks.isEmpty() ? -1 : 0));
+    }
+    updateAnimations();
+}
+
+QList<QPointer<SpriteBank>> SpriteAnimSelector::livingBanks() const
+{
+    QList<QPointer<SpriteBank>> living;
+    for (const auto &bank : m_banks) {
+        if (bank)
+            living.append(bank);
+    }
+    return living;
+}
+
+SpriteBank *SpriteAnimSelector::currentBank() const
+{
+    return m_banks.value(m_bankCombo->currentIndex());
+}
+
+void SpriteAnimSelector::updateAnimations()
+{
+    const SpriteBank *const bank = currentBank();
+    {
+        const QSignalBlocker blocker(m_animations);
+        m_animations->clear();
+        if (bank) {
+            for (const auto &animation : bank->animations())
+                m_animations->addAnimation(animation, false);
+        }
+    }
+    const bool hasAnimations = m_animations->count() > 0;
+    m_animations->setVisible(hasAnimations);
+    m_empty->setVisible(!hasAnimations);
+    m_empty->setText(m_banks.isEmpty() ? tr("No sprite banks") : tr("No animations in this bank"));
+    m_animationsLabel->setVisible(!m_banks.isEmpty());
+    fillSprites(bank);
+    m_spritesLabel->setVisible(bank != nullptr);
+    m_sprites->setVisible(bank != nullptr);
+}
+
+void SpriteAnimSelector::fillSprites(const SpriteBank *bank)
+{
+    const QSignalBlocker blocker(m_sprites);
+    const int row = m_sprites->currentRow();
+    m_sprites->clear();
+    for (int i = 0; bank && i < bank->count(); ++i) {
+        const QPixmap icon = QPixmap::fromImage(bank->spriteImage(i, 0, false, false, false))
+                                 .scaled(IconSide, IconSide);
+        m_sprites->addItem(new QListWidgetItem(QIcon(icon), QString::number(i)));
+    }
+    if (row < m_sprites->count())
+        m_sprites->setCurrentRow(row);
+}
+
+void SpriteAnimSelector::animationPicked(Animation *animation)
+{
+    if (!animation)
+        return;
+    {
+        const QSignalBlocker blocker(m_sprites);
+        m_sprites->setCurrentItem(nullptr);
+    }
+    emit selectionChanged(qobject_cast<SpriteAnim *>(animation));
+}
+
+void SpriteAnimSelector::spritePicked(int row)
+{
+    const SpriteBank *const bank = currentBank();
+    if (row < 0 || !bank)
+        return;
+    m_animations->clearSelection();
+    emit spriteChosen(bank->id(), row);
+}

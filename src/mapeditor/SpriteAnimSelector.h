@@ -1,0 +1,53 @@
+#pragma once
+
+#include "model/SpriteAnim.h"
+
+#include <QList>
+#include <QPointer>
+#include <QUuid>
+#include <QWidget>
+
+class QComboBox;
+class QLabel;
+class QListWidget;
+class SpriteBank;
+
+namespace AnimationEditor {
+class AnimationListWidget;
+}
+
+/// Chooses a bank, and one of its animations or sprites. What is chosen in one list is unchosen in
+/// the other. Reads the banks and owns none.
+class SpriteAnimSelector : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SpriteAnimSelector(QWidget *parent = nullptr);
+
+    /// Offers @p banks and keeps the bank of the same name chosen.
+    void setBanks(const QList<QPointer<SpriteBank>> &banks);
+
+signals:
+    void selectionChanged(QPointer<SpriteAnim> anim);
+    void spriteChosen(QUuid bankId, int index);
+
+public slots:
+    /// Shows the chosen bank anew.
+    void updateAnimations();
+
+private:
+    QList<QPointer<SpriteBank>> livingBanks() const;
+    SpriteBank *currentBank() const;
+    void fillSprites(const SpriteBank *bank);
+    void animationPicked(Animation *animation);
+    void spritePicked(int row);
+
+    QList<QPointer<SpriteBank>> m_banks;
+    QComboBox *m_bankCombo;
+    QLabel *m_animationsLabel;
+    AnimationEditor::AnimationListWidget *m_animations;
+    QLabel *m_empty;
+    QLabel *m_spritesLabel;
+    QListWidget *m_sprites;
+};
