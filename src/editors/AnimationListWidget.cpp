@@ -4,10 +4,14 @@
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace AnimationEditor {
@@ -28,6 +32,24 @@ public:
         if (text() != other.text())
             return QListWidgetItem::operator<(other);
         return toolTip() < other.toolTip();
+    }
+};
+
+/// Shows the tool tips of the items, which are names, as plain text.
+class NameTipDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override
+    {
+        if (event->type() != QEvent::ToolTip)
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        const QString name = index.data(Qt::ToolTipRole).toString();
+        QToolTip::showText(event->globalPos(),
+                           Qt::mightBeRichText(name) ? name.toHtmlEscaped() : name, view);
+        return true;
     }
 };
 
@@ -72,6 +94,10 @@ void AnimationListWidget::setUpList()
 {
     m_list->setIconSize({IconSide, IconSide});
     m_list->setAccessibleName(tr("Animations"));
+    m_list->setItemDelegate(new NameTipDelegate(m_list));
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setWordWrap(true); // long names
+    m_list->setResizeMode(QListView::Adjust);
     setFocusProxy(m_list);
     keepUnselected();
     if (m_mode & Narrow) {
@@ -81,7 +107,6 @@ void AnimationListWidget::setUpList()
         // Icons alone stand side by side.
         m_list->setFlow(QListView::LeftToRight);
         m_list->setWrapping(true);
-        m_list->setResizeMode(QListView::Adjust);
     }
 }
 

@@ -20,9 +20,10 @@ namespace SpriteEditor {
 
 namespace {
 
-constexpr int PaneMargin = 2;    // pixels
-constexpr int PaletteWidth = 37; // pixels: one column of tools
-constexpr int ListWidth = 230;   // pixels, at first
+constexpr int PaneMargin = 2;     // pixels
+constexpr int PaletteWidth = 37;  // pixels: one column of tools
+constexpr int ListWidth = 230;    // pixels, at first
+constexpr int MinListWidth = 190; // pixels: an icon and a line of text
 constexpr int ListMode = AnimationListWidget::WithButtons | AnimationListWidget::WithMenu |
                          AnimationListWidget::WithText;
 constexpr int RowStretch = 10;
@@ -39,6 +40,7 @@ void ViewBuilder::build()
     makeChildren();
     m_view->setOrientation(Qt::Horizontal);
     m_view->setChildrenCollapsible(false);
+    m_view->m_animationList->setMinimumWidth(MinListWidth);
     m_view->addWidget(m_view->m_animationList);
     m_view->addWidget(makeEditorPane());
     m_view->setStretchFactor(1, 1);

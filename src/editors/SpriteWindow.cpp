@@ -23,10 +23,11 @@ namespace {
 constexpr int FirstMaximum = 64; // sprites, until a bank tells
 constexpr int ContentMargin = 4; // pixels
 constexpr int ToolColumns = 3;
-constexpr int ToolSide = 37;    // pixels with their spacing
-constexpr int CanvasSide = 192; // pixels, the least
-constexpr int FittingZoom = 12; // screen pixels
-constexpr int ListHeight = 150; // pixels, the least
+constexpr int ToolSide = 37;      // pixels with their spacing
+constexpr int CanvasSide = 192;   // pixels, the least
+constexpr int FittingZoom = 11;   // screen pixels
+constexpr int ListHeight = 110;   // pixels, the least
+constexpr int ColoursWidth = 256; // pixels, the most: the list needs the rest of the height
 
 const QList<Tool> Tools{Tool::Draw,      Tool::Line,     Tool::Rectangle, Tool::RectangleFill,
                         Tool::Circle,    Tool::Fill,     Tool::Pick,      Tool::Select,
@@ -64,6 +65,8 @@ void SpriteWindow::makeContent()
     auto *scroller = new QScrollArea;
     scroller->setWidgetResizable(true);
     scroller->setMinimumHeight(ListHeight);
+    // A large bank is scrolled here and not together with the canvas.
+    scroller->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
     scroller->setWidget(m_list);
 
     auto *content = new QWidget;
@@ -71,7 +74,7 @@ void SpriteWindow::makeContent()
     auto *layout = new QVBoxLayout(content);
     layout->setContentsMargins(ContentMargin, ContentMargin, ContentMargin, ContentMargin);
     layout->addWidget(makeCanvasRow());
-    layout->addWidget(m_colours);
+    layout->addWidget(m_colours, 0, Qt::AlignHCenter);
     layout->addWidget(m_number);
     layout->addWidget(scroller, 1);
     setContentWidget(content);
@@ -80,7 +83,8 @@ void SpriteWindow::makeContent()
 QWidget *SpriteWindow::makeCanvasRow()
 {
     m_scrollCanvas->setMinimumSize(CanvasSide, CanvasSide);
-    m_tools->setFixedWidth(ToolColumns * ToolSide);
+    const int width = ToolColumns * ToolSide;
+    m_tools->setFixedSize(width, m_tools->layout()->heightForWidth(width));
     auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -131,6 +135,7 @@ void SpriteWindow::setSprites(QPointer<SpriteBank> sprites)
     m_canvas->setImageType(type);
     m_canvas->setImageOffset(m_paletteOffset);
     m_colours->setImageType(type);
+    m_colours->setFixedSize(ColoursWidth, m_colours->heightForWidth(ColoursWidth));
     if (isFourBit)
         m_colours->setOffset(m_paletteOffset);
     m_spriteIndex = 1;

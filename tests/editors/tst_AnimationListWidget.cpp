@@ -3,12 +3,14 @@
 #include "model/SpriteAnim.h"
 #include "support/TestSprites.h"
 
+#include <QHelpEvent>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
+#include <QToolTip>
 
 #include <memory>
 
@@ -56,6 +58,8 @@ private slots:
     void drawsIconsThroughTheOwner();
     void clickingAnItemReportsIt();
     void theFocusAlonePicksNothing();
+    void toolTipsShowNamesAsPlainText();
+    void longNamesNeedNoScrolling();
 
 private:
     SpriteAnim *addNamed(AnimationListWidget &list, const QString &name, bool select = false);
@@ -458,6 +462,35 @@ void tst_AnimationListWidget::theFocusAlonePicksNothing()
     QCOMPARE(list.currentAnimation(), nullptr);
     QTest::keyClick(items(list), Qt::Key_Down);
     QCOMPARE(selected.count(), 1);
+}
+
+void tst_AnimationListWidget::toolTipsShowNamesAsPlainText()
+{
+    AnimationListWidget list(PlainMode);
+    addNamed(list, "<b>bold</b>");
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    QWidget *view = items(list)->viewport();
+    const QPoint position = items(list)->visualItemRect(items(list)->item(0)).center();
+
+    QHelpEvent event(QEvent::ToolTip, position, view->mapToGlobal(position));
+    QCoreApplication::sendEvent(view, &event);
+
+    QCOMPARE(QToolTip::text(), QString("&lt;b&gt;bold&lt;/b&gt;"));
+    QToolTip::hideText();
+}
+
+void tst_AnimationListWidget::longNamesNeedNoScrolling()
+{
+    AnimationListWidget list(SpriteMode);
+    addNamed(list, "A name of many words that is wider than the list");
+    list.resize(200, 300);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+
+    QVERIFY(!items(list)->horizontalScrollBar()->isVisible());
+    QVERIFY(items(list)->visualItemRect(items(list)->item(0)).right() <
+            items(list)->viewport()->width());
 }
 
 QTEST_MAIN(tst_AnimationListWidget)

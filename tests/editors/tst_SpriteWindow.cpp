@@ -16,8 +16,11 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolButton>
 
 #include <functional>
 #include <memory>
@@ -58,6 +61,8 @@ private slots:
     void coloursGoToTheCanvasAndBack();
     void aFailedPasteKeepsTheTool();
     void theEditMenuDrivesTheCanvas();
+    void everyToolIsInSightInASmallDock();
+    void aLargeBankIsScrolledByItself();
 
 private:
     template <typename Widget>
@@ -447,6 +452,30 @@ void tst_SpriteWindow::theEditMenuDrivesTheCanvas()
     QTest::mouseClick(canvas, Qt::LeftButton, {}, canvas->cellRect({8, 8, 1, 1}).center());
     QVERIFY(stack()->count() > 1);
     QCOMPARE(m_project->sprites->sprite(0).pixelIndex(8, 8), 20);
+}
+
+void tst_SpriteWindow::everyToolIsInSightInASmallDock()
+{
+    m_window->resize(340, 300);
+    QCoreApplication::processEvents();
+
+    const auto *tools = child<ToolPalette>();
+    for (const QToolButton *button : tools->findChildren<QToolButton *>())
+        QVERIFY(tools->rect().contains(button->geometry()));
+    const auto *colours = child<ColourPalette>();
+    QVERIFY(colours->rect().contains(QRect(QPoint(), colours->grid().size())));
+    QVERIFY(child<Canvas>()->visiblePixels().size() == QSize(16, 16));
+}
+
+void tst_SpriteWindow::aLargeBankIsScrolledByItself()
+{
+    m_project->sprites->grow(500);
+    m_window->refresh();
+    m_window->resize(400, 900);
+    QCoreApplication::processEvents();
+
+    QVERIFY(child<SpriteList>()->height() > 2000);
+    QCOMPARE(m_window->scrollArea()->verticalScrollBar()->maximum(), 0);
 }
 
 QTEST_MAIN(tst_SpriteWindow)
