@@ -50,7 +50,6 @@ MainWindow::MainWindow(QWidget *parent)
     , m_projectActions(m_views, &m_projectController, &m_documentController)
     , m_layoutController(this, makeDocks(), m_menuBar.viewMenu(), this)
 {
-    nameDocks();
     connectProjectControl();
     connectActions();
     setUpFrame();
@@ -86,26 +85,13 @@ DocumentViews MainWindow::makeViews()
             .projectWindow = &m_projectWindow,
             .paletteWindow = &m_paletteWindow,
             .tileWindow = &m_tileWindow,
+            .spriteWindow = &m_spriteWindow,
             .tilePicker = &m_tilePicker,
+            .blockSelector = &m_blockSelector,
+            .mapSprites = &m_mapSprites,
             .mapToolBar = &m_mapToolBar,
             .menuBar = &m_menuBar,
             .preferences = &m_preferences};
-}
-
-void MainWindow::nameDocks()
-{
-    const auto name = [](DockWidget &dock, const QString &objectName, const QString &title,
-                         const QString &placeholder) {
-        dock.setObjectName(objectName);
-        dock.setWindowTitle(title);
-        dock.setPlaceholderText(placeholder);
-    };
-    name(m_spriteWindow, QStringLiteral("SpriteEditor"), tr("Sprite Editor"),
-         tr("No sprites selected"));
-    name(m_blockSelector, QStringLiteral("TileListWindow"), tr("Map Objects"),
-         tr("No tile active tile set"));
-    name(m_mapSprites, QStringLiteral("MapSpritesWindow"), tr("Map Sprites"),
-         tr("No sprite banks"));
 }
 
 LayoutController::Docks MainWindow::makeDocks()
@@ -186,6 +172,14 @@ void MainWindow::showTile(int step)
     emit m_tilePicker.grid()->selectedIndexChanged(number - 1);
 }
 
+void MainWindow::changeSpritePalette(QUuid paletteId)
+{
+    const Project *const project = m_projectController.project();
+    const auto palette = project ? project->palette(paletteId) : QPointer<Palette>();
+    if (palette)
+        m_spriteWindow.setSpritePalette(palette);
+}
+
 void MainWindow::changeTilePalette(QUuid paletteId)
 {
     const Project *const project = m_projectController.project();
@@ -195,6 +189,7 @@ void MainWindow::changeTilePalette(QUuid paletteId)
         return;
     tileSet->setPalette(palette);
     m_tileWindow.setPalette(palette);
+    m_tilePicker.grid()->update();
 }
 
 void MainWindow::importZXFont(int index, int foreIndex, int backIndex, int offset, QString file)

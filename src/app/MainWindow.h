@@ -9,8 +9,11 @@
 #include "control/ProjectController.h"
 #include "dialogs/MessageDialog.h"
 #include "dialogs/PreferencesDialog.h"
+#include "editors/SpriteWindow.h"
 #include "editors/TilePickerTool.h"
 #include "editors/TileWindow.h"
+#include "mapeditor/BlockSelectorWindow.h"
+#include "mapeditor/MapSpritesWindow.h"
 #include "mapeditor/ToolBar.h"
 #include "menus/MenuBar.h"
 #include "tree/ProjectWindow.h"
@@ -46,6 +49,7 @@ public slots:
     /// The next or previous tile of the set on display, up to its ends.
     void nextTile();
     void previousTile();
+    void changeSpritePalette(QUuid paletteId);
     void changeTilePalette(QUuid paletteId);
     /// Reads a character set into the tile set on display.
     void importZXFont(int index, int foreIndex, int backIndex, int offset, QString file);
@@ -62,7 +66,6 @@ private:
     void connectActions();
     void connectLayout();
     void setUpFrame();
-    void nameDocks();
     void makeFileToolBar();
     void connectMessages();
     void connectMenus();
@@ -82,10 +85,10 @@ private:
     ProjectWindow m_projectWindow;
     PaletteWindow m_paletteWindow;
     TileWindow m_tileWindow;
-    DockWidget m_spriteWindow;
+    SpriteWindow m_spriteWindow;
     TilePickerTool m_tilePicker;
-    DockWidget m_blockSelector;
-    DockWidget m_mapSprites;
+    BlockSelectorWindow m_blockSelector;
+    MapSpritesWindow m_mapSprites;
     MapEditor::ToolBar m_mapToolBar;
     DocumentTabView m_tabs;
     QLabel m_label;

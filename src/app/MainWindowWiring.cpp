@@ -47,6 +47,8 @@ void MainWindow::connectMessages()
 
 void MainWindow::connectMenus()
 {
+    connect(m_menuBar.spriteMenu(), &SpriteMenu::swapPalette, this,
+            &MainWindow::changeSpritePalette);
     TileMenu *const tiles = m_menuBar.tileMenu();
     connect(tiles, &TileMenu::swapPalette, this, &MainWindow::changeTilePalette);
     connect(tiles, &TileMenu::importZXFont, this, &MainWindow::importZXFont);

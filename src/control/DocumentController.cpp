@@ -4,11 +4,15 @@
 #include "control/ProjectController.h"
 #include "dialogs/MapEditorPage.h"
 #include "dialogs/PreferencesDialog.h"
+#include "editors/SpriteEditorView.h"
+#include "editors/SpriteWindow.h"
 #include "editors/TilePickerGrid.h"
 #include "editors/TilePickerTool.h"
 #include "editors/TileWindow.h"
 #include "history/EditRecorder.h"
+#include "mapeditor/BlockSelectorWindow.h"
 #include "mapeditor/MapGrid.h"
+#include "mapeditor/MapSpritesWindow.h"
 #include "mapeditor/ToolBar.h"
 #include "mapeditor/View.h"
 #include "menus/MenuBar.h"
@@ -64,6 +68,7 @@ void DocumentController::setActiveTileSet(QUuid tileSetId)
     m_views.tileWindow->showContent();
     const auto tileSet = project()->tileSet(tileSetId);
     m_views.tilePicker->setTileSet(tileSet);
+    m_views.blockSelector->setTileSet(tileSet);
     m_views.tileWindow->setPalette(tileSet ? tileSet->palette() : QPointer<Palette>());
     m_views.tileWindow->setTileSet(tileSet);
     m_views.tileWindow->raise();
@@ -123,14 +128,64 @@ void DocumentController::bindMapView(MapEditor::View *view)
 {
     disconnect(m_views.tilePicker, &TilePickerTool::tileDoubleClicked, nullptr, nullptr);
     disconnect(m_views.tilePicker, &TilePickerTool::selectedTileChanged, nullptr, nullptr);
+    disconnect(m_views.blockSelector, &BlockSelectorWindow::selectedItemChanged, nullptr, nullptr);
+    for (const auto &connection : std::as_const(m_mapConnections))
+        disconnect(connection);
+    m_mapConnections.clear();
     if (!view)
         return;
 
-    view->setSpriteBanks(project()->spriteBanks());
+    offerSprites(view);
+    const auto present = [](QWidget *dock) {
+        return [dock] {
+            dock->show();
+            dock->raise();
+        };
+    };
+    m_mapConnections = {
+        connect(m_views.mapSprites, &MapSpritesWindow::selectionChanged, view,
+                &MapEditor::View::setSpriteAnimation),
+        connect(m_views.mapSprites, &MapSpritesWindow::spriteChosen, view,
+                &MapEditor::View::setSingleSprite),
+        connect(view, &MapEditor::View::placeAnimModeEnabled, m_views.blockSelector,
+                present(m_views.blockSelector)),
+        connect(view, &MapEditor::View::placeSpriteModeEnabled, m_views.mapSprites,
+                present(m_views.mapSprites)),
+    };
+    connect(m_views.blockSelector, &BlockSelectorWindow::selectedItemChanged, view,
+            &MapEditor::View::setMapObject);
     connect(m_views.tilePicker, &TilePickerTool::tileDoubleClicked, m_views.tileWindow,
             &TileWindow::setTileIndex);
     connect(m_views.tilePicker, &TilePickerTool::selectedTileChanged, view,
             &MapEditor::View::setTileIndex);
+}
+
+void DocumentController::offerSprites(MapEditor::View *view)
+{
+    const auto banks = project()->spriteBanks();
+    view->setSpriteBanks(banks);
+    m_views.mapSprites->setBanks(banks);
+    if (banks.isEmpty())
+        m_views.mapSprites->showPlaceholder();
+    else
+        m_views.mapSprites->showContent();
+}
+
+void DocumentController::setActiveSpriteEditor(QUuid spriteBankId)
+{
+    const auto bank = project() ? project()->spriteBank(spriteBankId) : QPointer<SpriteBank>();
+    if (!bank)
+        return;
+    m_views.spriteWindow->setSprites(bank);
+    m_views.spriteWindow->raise();
+    if (QWidget *const tab = m_views.tabs->documentWidget(spriteBankId))
+        m_views.tabs->setCurrentWidget(tab);
+    else
+        m_views.tabs->addDocument(new SpriteEditor::View(bank, m_views.tabs), Type::Sprites,
+                                  spriteBankId, bank->name());
+    SpriteMenu *const menu = m_views.menuBar->spriteMenu();
+    menu->setSpriteBank(bank);
+    menu->setSpriteActionsEnabled(true);
 }
 
 void DocumentController::setActiveImageEditor(QUuid imageId)
@@ -185,6 +240,8 @@ void DocumentController::restoreOpenDocuments()
         const QUuid id = QUuid::fromString(document);
         if (project()->map(id))
             setActiveMap(id);
+        else if (project()->spriteBank(id))
+            setActiveSpriteEditor(id);
     }
 }
 
@@ -221,6 +278,7 @@ void DocumentController::endProject()
     m_views.projectWindow->showPlaceholder();
     m_views.tileWindow->showPlaceholder();
     m_views.paletteWindow->showPlaceholder();
+    m_views.spriteWindow->setSprites(nullptr);
     delete m_recorder;
     m_undoStacks.clear();
     m_views.menuBar->editMenu()->setClipboardEnabled(false);
@@ -231,4 +289,7 @@ void DocumentController::clearViews()
     m_views.tabs->setEnabled(true);
     m_views.menuBar->setProject(nullptr);
     m_views.tilePicker->setTileSet(nullptr);
+    m_views.blockSelector->setTileSet(nullptr);
+    m_views.mapSprites->setBanks({});
+    m_views.mapSprites->showPlaceholder();
 }

@@ -58,6 +58,7 @@ public slots:
     /// A null id clears the windows of tiles.
     void setActiveTileSet(QUuid tileSetId);
     void setActiveMap(QUuid mapId);
+    void setActiveSpriteEditor(QUuid spriteBankId);
     void setActiveImageEditor(QUuid imageId);
     void scratchEditorActivated();
 
@@ -71,6 +72,7 @@ private:
     MapEditor::View *openMap(const QPointer<Map> &map);
     void connectMapView(MapEditor::View *view);
     void bindMapView(MapEditor::View *view);
+    void offerSprites(MapEditor::View *view);
     void openImage(const QPointer<Image> &image);
 
     void tabChanged();
@@ -78,12 +80,14 @@ private:
     void setEditTarget(QWidget *target, const QUuid &stackId);
     EditTarget *editTarget() const;
     void routeFocus(QWidget *now);
+    void enterPlacementMode(bool visible, Tessaril::Ui::ToolButton mode);
 
     DocumentViews m_views;
     ProjectController *m_controller;
     UndoStacks m_undoStacks;
     QPointer<EditRecorder> m_recorder;
-    QList<QPointer<MapEditor::View>> m_pausedViews; // whose animations ran before the save
+    QList<QMetaObject::Connection> m_mapConnections; // between the docks and the current map view
+    QList<QPointer<MapEditor::View>> m_pausedViews;  // whose animations ran before the save
     QPointer<QObject> m_editTarget;
     QPointer<MapEditor::View> m_mapView; // that the tool bar is attached to
 };

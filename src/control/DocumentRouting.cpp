@@ -2,9 +2,12 @@
 
 #include "control/DocumentController.h"
 #include "control/ProjectController.h"
+#include "editors/SpriteWindow.h"
 #include "editors/TileWindow.h"
 #include "history/EditRecorder.h"
+#include "mapeditor/BlockSelectorWindow.h"
 #include "mapeditor/MapGrid.h"
+#include "mapeditor/MapSpritesWindow.h"
 #include "mapeditor/ToolBar.h"
 #include "mapeditor/View.h"
 #include "menus/MenuBar.h"
@@ -15,6 +18,8 @@
 
 #include <QApplication>
 #include <QUndoStack>
+
+using Tool = Tessaril::Ui::ToolButton;
 
 DocumentController::DocumentController(const DocumentViews &views, ProjectController *controller,
                                        QObject *parent)
@@ -28,8 +33,13 @@ DocumentController::DocumentController(const DocumentViews &views, ProjectContro
     connectEditMenu();
     const auto stackFor = [this](const QUuid &id) { return undoStack(id); };
     m_views.tileWindow->setStackFor(stackFor);
+    m_views.spriteWindow->setStackFor(stackFor);
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget *, QWidget *now) { routeFocus(now); });
+    connect(m_views.blockSelector, &QDockWidget::visibilityChanged, this,
+            [this](bool visible) { enterPlacementMode(visible, Tool::PlaceAnim); });
+    connect(m_views.mapSprites, &QDockWidget::visibilityChanged, this,
+            [this](bool visible) { enterPlacementMode(visible, Tool::PlaceSprite); });
 }
 
 DocumentController::~DocumentController()
@@ -45,6 +55,8 @@ void DocumentController::connectViews()
             &DocumentController::setActivePalette);
     connect(window, &ProjectWindow::selectedTileSetChanged, this,
             &DocumentController::setActiveTileSet);
+    connect(window, &ProjectWindow::selectedSpritesChanged, this,
+            &DocumentController::setActiveSpriteEditor);
     connect(window, &ProjectWindow::selectedMapChanged, this, &DocumentController::setActiveMap);
     connect(window, &ProjectWindow::selectedImageChanged, this,
             &DocumentController::setActiveImageEditor);
@@ -52,6 +64,8 @@ void DocumentController::connectViews()
             &DocumentController::setActiveMap);
     connect(m_views.tabs, &DocumentTabView::ScratchEditorActivated, this,
             &DocumentController::scratchEditorActivated);
+    connect(m_views.tabs, &DocumentTabView::SpriteEditorActivated, this,
+            &DocumentController::setActiveSpriteEditor);
     connect(m_views.tabs->scratchEditor(), &ImageEditor::View::imageChanged, this,
             [this](const QImage &image) {
                 if (project())
@@ -131,7 +145,19 @@ void DocumentController::routeFocus(QWidget *now)
         const auto tileSet = m_views.tileWindow->tileSet();
         if (m_editTarget != m_views.tileWindow)
             setEditTarget(m_views.tileWindow, tileSet ? tileSet->id() : QUuid());
-    } else if (holds(m_views.tabs) && m_editTarget == m_views.tileWindow) {
+    } else if (holds(m_views.spriteWindow)) {
+        const auto bank = m_views.spriteWindow->sprites();
+        if (m_editTarget != m_views.spriteWindow)
+            setEditTarget(m_views.spriteWindow, bank ? bank->id() : QUuid());
+    } else if (holds(m_views.tabs) &&
+               (m_editTarget == m_views.tileWindow || m_editTarget == m_views.spriteWindow)) {
         tabChanged();
     }
+}
+
+void DocumentController::enterPlacementMode(bool visible, Tool mode)
+{
+    auto *const view = qobject_cast<MapEditor::View *>(m_views.tabs->currentWidget());
+    if (visible && view && project() && view->grid()->mode() != mode)
+        view->grid()->setMode(mode); // which the tool palette follows
 }

@@ -6,10 +6,12 @@
 #include "control/ImportProgress.h"
 #include "control/ProjectController.h"
 #include "dialogs/MessageDialog.h"
+#include "editors/SpriteWindow.h"
 #include "editors/TilePickerTool.h"
 #include "editors/TileWindow.h"
 #include "formats/FourFileImport.h"
 #include "formats/PictureImport.h"
+#include "mapeditor/BlockSelectorWindow.h"
 #include "menus/MenuBar.h"
 #include "model/Map.h"
 #include "model/MapObjects.h"
@@ -104,7 +106,11 @@ void ProjectActions::createSprites(SpriteDialog::CreateOptions options, QString 
         paletteId = project()->createPalette(CreateBlank, name)->id();
     const auto depth = options.testFlag(SpriteDialog::EightBit) ? Tessaril::Sprite::EightBit
                                                                 : Tessaril::Sprite::FourBit;
-    project()->createSpriteBank(depth, name, paletteId);
+    const auto bank = project()->createSpriteBank(depth, name, paletteId);
+    if (m_views.spriteWindow) {
+        m_views.spriteWindow->setSprites(bank);
+        m_views.spriteWindow->raise();
+    }
 }
 
 void ProjectActions::createMapFromSelection(QUuid mapId, QSize size)
@@ -208,6 +214,8 @@ void ProjectActions::deleteTileSet(const QUuid &id)
         m_views.tileWindow->setTileSet(nullptr);
     if (m_views.tilePicker)
         m_views.tilePicker->setTileSet(nullptr);
+    if (m_views.blockSelector)
+        m_views.blockSelector->setTileSet(nullptr);
     TileMenu *menu = m_views.menuBar->tileMenu();
     menu->setEnabled(true);
     menu->setNewTileSetEnabled(true);
@@ -232,6 +240,8 @@ void ProjectActions::deleteSpriteBank(const QUuid &id)
     if (const QPointer<SpriteBank> bank = project()->spriteBank(id))
         m_views.menuBar->spriteMenu()->removeSpriteBank(bank);
     project()->deleteSpriteBank(id);
+    if (m_views.spriteWindow)
+        m_views.spriteWindow->setSprites(nullptr);
     forget(ProjectTree::ProjectNode::Sprites, id);
 }
 

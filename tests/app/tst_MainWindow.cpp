@@ -36,6 +36,8 @@ private slots:
     void theHistoryOfAnImageDoesNot();
     void theToolBarFollowsTheMap();
     void undoFollowsTheFocus();
+    void aSpriteBankOpensInDockAndTab();
+    void placementDocksFollowTheMapsModes();
     void aColourEditGoesToTheStackOnDisplay();
     void openTabsComeBackWithTheProject();
     void theScratchTabIsWrittenAsAnEmptyText();
@@ -309,6 +311,51 @@ void tst_MainWindow::undoFollowsTheFocus()
     view->setFocus();
 
     QTRY_VERIFY(editAction("Undo")->isEnabled());
+}
+
+void tst_MainWindow::aSpriteBankOpensInDockAndTab()
+{
+    Project *const project = newProject();
+    const auto palette = project->createPalette(CreateDefault, "colours");
+    const auto bank =
+        project->createSpriteBank(Tessaril::Sprite::EightBit, "heroes", palette->id());
+
+    m_window->documentController()->setActiveSpriteEditor(bank->id());
+    m_window->documentController()->setActiveSpriteEditor(bank->id());
+
+    QCOMPARE(m_window->views().tabs->count(), 1);
+    QCOMPARE(m_window->views().tabs->tabText(0), QString("heroes"));
+    QCOMPARE(m_window->views().spriteWindow->sprites(), bank);
+    QCOMPARE(m_window->views().menuBar->spriteMenu()->spriteBank(), bank);
+    auto *const canvas = m_window->views().spriteWindow->findChild<Canvas *>();
+    canvas->setFocus();
+    QTest::mouseClick(canvas, Qt::LeftButton, {}, canvas->viewRect().center());
+    canvas->setInk(7);
+    QTest::mouseClick(canvas, Qt::LeftButton, {}, canvas->viewRect().center());
+    QVERIFY(m_window->documentController()->undoStack(bank->id())->count() > 0);
+    emit m_window->views().projectWindow->deleteItemTriggered(ProjectTree::ProjectNode::Sprites,
+                                                              bank->id());
+    QCOMPARE(m_window->views().tabs->count(), 0);
+    QVERIFY(!m_window->views().spriteWindow->sprites());
+}
+
+void tst_MainWindow::placementDocksFollowTheMapsModes()
+{
+    Project *const project = newProject();
+    const auto palette = project->createPalette(CreateDefault, "colours");
+    project->createSpriteBank(Tessaril::Sprite::EightBit, "heroes", palette->id());
+    m_window->documentController()->setActiveMap(addMap()->id());
+    auto *const view = qobject_cast<MapEditor::View *>(m_window->views().tabs->currentWidget());
+    QVERIFY(m_window->views().mapSprites->isContentShown());
+
+    view->grid()->setMode(Tessaril::Ui::ToolButton::PlaceSprite);
+    QTRY_VERIFY(!m_window->views().mapSprites->visibleRegion().isEmpty());
+    view->grid()->setMode(Tessaril::Ui::ToolButton::PlaceAnim);
+    QTRY_VERIFY(!m_window->views().blockSelector->visibleRegion().isEmpty());
+    QCOMPARE(view->grid()->mode(), Tessaril::Ui::ToolButton::PlaceAnim);
+    m_window->views().mapSprites->raise();
+
+    QTRY_COMPARE(view->grid()->mode(), Tessaril::Ui::ToolButton::PlaceSprite);
 }
 
 void tst_MainWindow::aColourEditGoesToTheStackOnDisplay()
