@@ -54,7 +54,8 @@ function(tessaril_library folder)
 endfunction()
 
 # tessaril_tests(<folder> LABEL <label> LIBRARIES ... CLASSES ...): one program for each class,
-# tests/<folder>/tst_<Class>.cpp, run in an empty home and working directory of its own.
+# tests/<folder>/tst_<Class>.cpp, run in an empty home and working directory of its own. All tests of
+# a label are built by the target tessaril_<label>_tests.
 function(tessaril_tests folder)
     cmake_parse_arguments(ARG "" "LABEL;TIMEOUT" "LIBRARIES;CLASSES" ${ARGN})
     if(NOT ARG_TIMEOUT)
@@ -67,6 +68,10 @@ function(tessaril_tests folder)
             tessaril_options)
         set_target_properties(${target} PROPERTIES AUTOMOC ON)
         tessaril_precompile(${target} tessaril_testsupport)
+        if(NOT TARGET tessaril_${ARG_LABEL}_tests)
+            add_custom_target(tessaril_${ARG_LABEL}_tests)
+        endif()
+        add_dependencies(tessaril_${ARG_LABEL}_tests ${target})
         tessaril_add_test(${folder}/${class} ${target} ${ARG_LABEL} ${ARG_TIMEOUT})
     endforeach()
 endfunction()
