@@ -34,11 +34,6 @@ Overlap overlapOf(int before, int after, bool centred, bool atEnd)
     return {0, start, before};
 }
 
-QList<QRgb> blackTable()
-{
-    return QList<QRgb>(Palette::Size, qRgb(0, 0, 0));
-}
-
 /// The colours of @p table, those of all banks at @p transparentIndex with alpha 0.
 QList<QRgb> withTransparency(QList<QRgb> table, int transparentIndex)
 {
@@ -51,6 +46,13 @@ QUuid paletteIdOf(const TileSet *tiles)
 {
     const QPointer<Palette> palette = tiles ? tiles->palette() : QPointer<Palette>();
     return palette ? palette->id() : QUuid();
+}
+
+/// The colours of the set's palette, black without one.
+QList<QRgb> colourTableOf(const TileSet *tiles)
+{
+    const QPointer<Palette> palette = tiles ? tiles->palette() : QPointer<Palette>();
+    return palette ? palette->colourTable() : QList<QRgb>(Palette::Size, qRgb(0, 0, 0));
 }
 
 /// Gives every cell of @p rows the index that @p renumbered tells; false if none changes. Rows
@@ -140,6 +142,8 @@ void TileMap::fill(QRect rect, bool occupied)
     data.occupied = occupied;
     const bool isDrawn = hasPicture();
     const TileCache::Pixels pixels = isDrawn ? pixelsOf(data) : TileCache::Pixels{};
+    if (!isDrawn)
+        dropPicture();
     const QRect inside = insidePart(rect);
     for (int y = inside.top(); y <= inside.bottom(); ++y) {
         for (int x = inside.left(); x <= inside.right(); ++x) {
@@ -292,8 +296,8 @@ QImage TileMap::picture(QRect rect, double scale, int transparentIndex)
     const QRect part((rect.topLeft() - cells.topLeft()) * CellSide, rect.size() * CellSide);
     const QSize size(qRound(rect.width() * scale), qRound(rect.height() * scale));
     QImage picture = IndexedScale::scaledPart(source, part, size);
-    const QList<QRgb> table = source.isNull() ? blackTable() : source.colorTable();
-    picture.setColorTable(withTransparency(table, transparentIndex));
+    // Anew each time: the palette may have changed while the set had another.
+    picture.setColorTable(withTransparency(colourTableOf(m_tiles), transparentIndex));
     return picture;
 }
 
@@ -344,12 +348,10 @@ QImage TileMap::drawn(QRect cells)
         return image;
     if (!m_tiles || !m_tiles->palette()) {
         qWarning("_tiles==nullptr");
-        image.setColorTable(blackTable());
         image.fill(0);
         return image;
     }
 
-    image.setColorTable(m_tiles->palette()->colourTable());
     m_tileCache.reset(m_tiles);
     m_cacheHits = 0;
     const qsizetype stride = image.bytesPerLine();

@@ -98,6 +98,8 @@ private slots:
     void aRestoredTileSetIsDrawnAnew();
     void anotherTileSetIsDrawnAnew();
     void aNewPaletteOfTheSetGivesItsColours();
+    void fillingUnderAnotherPaletteIsDrawn();
+    void coloursEditedUnderAnotherPaletteAreShown();
     void coloursAreThePalettes();
     void aTransparentIndexWorksOnAllBanks();
     void withoutATransparentIndexAllColoursAreOpaque();
@@ -173,7 +175,7 @@ void tst_TileMapPicture::writingTheSameCellDoesNotRedraw()
 
 void tst_TileMapPicture::fillingEqualsAFreshDrawing()
 {
-    TestMaps::PlainTiles tiles(4);
+    TestMaps::PlainTiles tiles(12);
     tiles.set->tile(0)->setImage(TestImages::indexed(QStringList(8, "77777777")));
     tiles.set->tile(0)->setOffset(2);
     TileMap map({4, 3});
@@ -308,6 +310,37 @@ void tst_TileMapPicture::aNewPaletteOfTheSetGivesItsColours()
     tiles.set->setPalette(&other);
 
     QCOMPARE(whole(map).color(1), qRgb(255, 0, 0));
+}
+
+void tst_TileMapPicture::fillingUnderAnotherPaletteIsDrawn()
+{
+    TestMaps::PlainTiles tiles(2);
+    TileMap map({1, 1});
+    map.setTileSet(tiles.set.get());
+    map.setCell({0, 0}, cell(1));
+    QCOMPARE(pixelOf(map, {0, 0}), 1);
+    Palette other;
+    tiles.set->setPalette(&other);
+
+    map.fill(map.rect(), true);
+    tiles.set->setPalette(tiles.palette.get());
+
+    QCOMPARE(pixelOf(map, {0, 0}), 0);
+}
+
+void tst_TileMapPicture::coloursEditedUnderAnotherPaletteAreShown()
+{
+    TestMaps::PlainTiles tiles(2);
+    TileMap map({1, 1});
+    map.setTileSet(tiles.set.get());
+    whole(map);
+    Palette other;
+    tiles.set->setPalette(&other);
+
+    tiles.palette->setColour(35, Qt::blue);
+    tiles.set->setPalette(tiles.palette.get());
+
+    QCOMPARE(whole(map).color(35), qRgb(0, 0, 255));
 }
 
 void tst_TileMapPicture::coloursAreThePalettes()
