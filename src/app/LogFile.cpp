@@ -59,10 +59,13 @@ void LogFile::handleMessage(QtMsgType type, const QMessageLogContext &, const QS
         return;
 
     const QByteArray text = message.toLocal8Bit();
-    QTextStream stream(logFile);
-    stream << QDateTime::currentDateTime().toString(QStringLiteral("hh:mm:ss")) << ' ' << label.text
-           << ": " << message << '\n';
+    // Writing to a file that is not open would itself send a warning.
+    if (logFile && logFile->isOpen()) {
+        QTextStream stream(logFile);
+        stream << QDateTime::currentDateTime().toString(QStringLiteral("hh:mm:ss")) << ' '
+               << label.text << ": " << message << '\n';
+        stream.flush();
+    }
     fprintf(label.console, "%s: %s\n", label.text, text.constData());
-    stream.flush();
     fflush(label.console);
 }

@@ -15,11 +15,12 @@ private slots:
     void withTheFolderEachMessageIsALineInTheFile();
     void withTheFolderMessagesReachTheConsoleByType();
     void warningsOfLibpngAreDroppedOnlyAtTheirBeginning();
+    void aFatalMessageIsWrittenBeforeTheAbort();
     void aFileThatCannotBeOpenedIsToldAndTheConsoleContinues();
     void aSecondStartInTheSameSecondTruncatesTheFile();
 
 private:
-    void run();
+    void run(const QStringList &arguments = {});
     QStringList logLines() const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -33,13 +34,14 @@ void tst_LogFile::init()
     QVERIFY(m_folder->isValid());
 }
 
-void tst_LogFile::run()
+void tst_LogFile::run(const QStringList &arguments)
 {
     QProcess process;
     process.setWorkingDirectory(m_folder->path());
-    process.start(QStringLiteral(LOGPROBE), QStringList());
+    process.start(QStringLiteral(LOGPROBE), arguments);
     QVERIFY(process.waitForFinished());
-    QCOMPARE(process.exitCode(), 0);
+    QCOMPARE(process.exitStatus(),
+             arguments.isEmpty() ? QProcess::NormalExit : QProcess::CrashExit);
     m_output = QString::fromLocal8Bit(process.readAllStandardOutput());
     m_errors = QString::fromLocal8Bit(process.readAllStandardError());
 }
@@ -109,6 +111,18 @@ void tst_LogFile::warningsOfLibpngAreDroppedOnlyAtTheirBeginning()
     QVERIFY(!m_errors.contains("sRGB"));
 }
 
+void tst_LogFile::aFatalMessageIsWrittenBeforeTheAbort()
+{
+    QVERIFY(QDir(m_folder->path()).mkdir("log"));
+
+    run({"fatal"});
+
+    const QStringList lines = logLines();
+    QCOMPARE(lines.size(), 5);
+    QCOMPARE(lines.last().mid(8), QString(" Fatal: the end"));
+    QVERIFY2(m_errors.contains("\nFatal: the end\n"), qPrintable(m_errors));
+}
+
 void tst_LogFile::aFileThatCannotBeOpenedIsToldAndTheConsoleContinues()
 {
     // A folder that exists and takes no files, whoever asks.
@@ -116,7 +130,9 @@ void tst_LogFile::aFileThatCannotBeOpenedIsToldAndTheConsoleContinues()
 
     run();
 
-    const QRegularExpression told("^Could not open log/application_\\d{8}_\\d{6}\\.log\n");
+    const QRegularExpression told("^Could not open log/application_\\d{8}_\\d{6}\\.log\n"
+                                  "Warning: a libpng warning: in the middle\n"
+                                  "Critical: libpng warning: but critical\n$");
     QVERIFY2(told.match(m_errors).hasMatch(), qPrintable(m_errors));
     QCOMPARE(m_output, QString("Debug: fine detail\nInfo: news\n"));
 }
