@@ -12,6 +12,7 @@ class tst_Palette : public QObject
 
 private slots:
     void aNewPaletteIsBlackAndOpaque();
+    void signalsAndSlotsStandInTheAgreedOrder();
     void eachPaletteHasItsOwnId();
     void decodesWords_data();
     void decodesWords();
@@ -52,6 +53,17 @@ void tst_Palette::aNewPaletteIsBlackAndOpaque()
         QCOMPARE(palette.colour(i), QColor(0, 0, 0, 255));
         QVERIFY(!palette.priority(i));
     }
+}
+
+void tst_Palette::signalsAndSlotsStandInTheAgreedOrder()
+{
+    const QMetaObject &meta = Palette::staticMetaObject;
+    QByteArrayList names;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+        names << meta.method(i).name();
+
+    QCOMPARE(names, (QByteArrayList{"colourChanged", "colourEdited", "nameChanged", "setName",
+                                    "setColour", "exportData", "importData"}));
 }
 
 void tst_Palette::eachPaletteHasItsOwnId()

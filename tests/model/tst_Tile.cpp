@@ -11,7 +11,7 @@ class tst_Tile : public QObject
 private slots:
     void aNewTileIsBlack();
     void keepsItsGameData();
-    void theSolidFlagIsAllFourEdges();
+    void theFlagsKeepTheirNumbers();
     void takesAnIndexedPicture();
     void fitsPicturesOfOtherSizes_data();
     void fitsPicturesOfOtherSizes();
@@ -45,10 +45,18 @@ void tst_Tile::keepsItsGameData()
     QCOMPARE(tile.offset(), 15);
 }
 
-void tst_Tile::theSolidFlagIsAllFourEdges()
+void tst_Tile::theFlagsKeepTheirNumbers()
 {
-    QCOMPARE(Tile::TA_TOPSOLID | Tile::TA_LEFTSOLID | Tile::TA_RIGHTSOLID | Tile::TA_BOTTOMSOLID,
-             int(Tile::TA_SOLID));
+    QCOMPARE(int(Tile::TA_NONE), 0x00);
+    QCOMPARE(int(Tile::TA_TOPSOLID), 0x01);
+    QCOMPARE(int(Tile::TA_LEFTSOLID), 0x02);
+    QCOMPARE(int(Tile::TA_RIGHTSOLID), 0x04);
+    QCOMPARE(int(Tile::TA_BOTTOMSOLID), 0x08);
+    QCOMPARE(int(Tile::TA_SOLID), 0x0F);
+    QCOMPARE(int(Tile::TA_DEADLY), 0x10);
+    QCOMPARE(int(Tile::TA_COLLECTIBLE), 0x20);
+    QCOMPARE(int(Tile::TA_LADDER), 0x40);
+    QCOMPARE(int(Tile::TA_DOOR), 0x80);
 }
 
 void tst_Tile::takesAnIndexedPicture()

@@ -27,6 +27,7 @@ class tst_TileSet : public QObject
 private slots:
     void init();
     void aNewSetHas512BlackTiles();
+    void signalsAndSlotsStandInTheAgreedOrder();
     void makesTheNumberAskedFor_data();
     void makesTheNumberAskedFor();
     void namesAndFlags();
@@ -81,6 +82,21 @@ void tst_TileSet::aNewSetHas512BlackTiles()
         QCOMPARE(tile->image(), filled(0));
         QCOMPARE(tile->image().colorTable(), QList<QRgb>(256, 0xFF000000));
     }
+}
+
+void tst_TileSet::signalsAndSlotsStandInTheAgreedOrder()
+{
+    const QMetaObject &meta = TileSet::staticMetaObject;
+    QByteArrayList names;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+        names << meta.method(i).name();
+
+    QCOMPARE(names,
+             (QByteArrayList{"nameChanged", "tileChanged", "tileDeleted", "tileInserted",
+                             "tileSwapped", "structureAboutToChange", "structureChanged",
+                             "restored", "setName", "setHiRes", "setPalette", "notifyImageChanged",
+                             "importZXFont", "importImage", "importNxt", "clearImage", "deleteTile",
+                             "insertTile", "updateColour"}));
 }
 
 void tst_TileSet::makesTheNumberAskedFor_data()
