@@ -1,0 +1,92 @@
+#include "editors/BlockEditorToolBar.h"
+
+#include "editors/MapObjectTypeCombo.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QSpinBox>
+
+namespace {
+
+// In a narrow tab the type gives way, so that the name can be read.
+constexpr int LeastNameWidth = 100; // pixels
+constexpr int LeastTypeWidth = 80;  // pixels
+
+void showValue(QSpinBox *spin, int value)
+{
+    const QSignalBlocker blocker(spin);
+    spin->setValue(value);
+}
+
+} // namespace
+
+BlockEditorToolBar::BlockEditorToolBar(QWidget *parent)
+    : QWidget(parent)
+    , m_name(new QLineEdit)
+    , m_type(new MapObjectTypeCombo)
+{
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    auto *nameLabel = new QLabel(tr("Name"));
+    nameLabel->setBuddy(m_name);
+    m_name->setAccessibleName(tr("Name"));
+    m_name->setMinimumWidth(LeastNameWidth);
+    m_type->setMinimumWidth(LeastTypeWidth);
+    row->addWidget(nameLabel);
+    row->addWidget(m_name, 1);
+    row->addWidget(m_type);
+    m_width = addSpin(row, tr("W:"), 1, MaxSide);
+    m_width->setToolTip(tr("Set the frame width in tiles"));
+    m_width->setAccessibleName(tr("Width in tiles"));
+    m_height = addSpin(row, tr("H:"), 1, MaxSide);
+    m_height->setToolTip(tr("Set the frame height in tiles"));
+    m_height->setAccessibleName(tr("Height in tiles"));
+    m_delay = addSpin(row, tr("Delay:"), 0, MaxDelay);
+    m_delay->setSpecialValueText(tr("None"));
+    m_delay->setToolTip(
+        tr("Set the delay between animation frames\n0 = No Delay, 1 = 25fps, 2 = 12.5fps"));
+    m_delay->setAccessibleName(tr("Delay"));
+
+    connect(m_name, &QLineEdit::textEdited, this, &BlockEditorToolBar::nameChanged);
+    connect(m_type, &MapObjectTypeCombo::currentTypeChanged, this,
+            &BlockEditorToolBar::blockTypeChanged);
+    connect(m_width, &QSpinBox::valueChanged, this, &BlockEditorToolBar::widthChanged);
+    connect(m_height, &QSpinBox::valueChanged, this, &BlockEditorToolBar::heightChanged);
+    connect(m_delay, &QSpinBox::valueChanged, this, &BlockEditorToolBar::delayChanged);
+}
+
+QSpinBox *BlockEditorToolBar::addSpin(QHBoxLayout *row, const QString &label, int minimum,
+                                      int maximum)
+{
+    auto *spin = new QSpinBox;
+    spin->setRange(minimum, maximum);
+    auto *text = new QLabel(label);
+    text->setBuddy(spin);
+    row->addWidget(text);
+    row->addWidget(spin);
+    return spin;
+}
+
+void BlockEditorToolBar::showName(const QString &name)
+{
+    if (name != m_name->text())
+        m_name->setText(name);
+}
+
+void BlockEditorToolBar::showType(MapObjectType type)
+{
+    m_type->setCurrentType(type);
+}
+
+void BlockEditorToolBar::showSize(QSize size)
+{
+    showValue(m_width, size.width());
+    showValue(m_height, size.height());
+}
+
+void BlockEditorToolBar::showDelay(int delay)
+{
+    showValue(m_delay, delay);
+}
