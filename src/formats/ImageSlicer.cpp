@@ -6,6 +6,7 @@
 #include <QDebug>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace {
@@ -90,9 +91,6 @@ QImage ImageSlicer::indexed()
     converted.setImage(m_image);
     const QImage picture = converted.toIndexed();
     m_colours = picture.colorTable();
-    for (qsizetype index = 0; index < m_colours.size(); ++index)
-        m_firstOfColour[static_cast<size_t>(index)] =
-            static_cast<uchar>(m_colours.indexOf(m_colours.at(index)));
     return picture;
 }
 
@@ -106,7 +104,7 @@ QImage ImageSlicer::compacted(const uchar *pixels) const
     QImage tile(TileSide, TileSide, QImage::Format_Indexed8);
     uchar *bytes = tile.bits();
     for (int pixel = 0; pixel < TileSide * TileSide; ++pixel) {
-        const uchar index = m_firstOfColour[pixels[pixel]];
+        const uchar index = pixels[pixel]; // No two of an indexed picture have one colour.
         if (places[index] == Unseen) {
             places[index] = static_cast<qint16>(table.size());
             table.append(m_colours.at(index));

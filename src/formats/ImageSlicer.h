@@ -92,5 +92,4 @@ private:
     QList<ColourBank> m_banks;
     QList<Orientation> m_cells;
     QList<QRgb> m_colours;
-    std::array<uchar, 256> m_firstOfColour; // by index: the lowest index of the same colour
 };
