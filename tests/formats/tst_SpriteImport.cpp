@@ -3,6 +3,7 @@
 #include "model/Palette.h"
 #include "model/Project.h"
 #include "model/SpriteBank.h"
+#include "support/SpriteBankLog.h"
 #include "support/TestFiles.h"
 #include "support/TestImages.h"
 
@@ -45,6 +46,7 @@ private slots:
     void equalSquaresBecomeOneSprite();
     void mirroredSquaresBecomeOneSprite();
     void differentSquaresBecomeSpritesInTheirOrder();
+    void theBlankSpriteOfANewBankTakesTheFirstSquare();
     void thePalettesColoursAreThoseOfTheSheet();
     void ownPaletteComesBeforeTheBankAndBothBearTheBaseName();
     void aSheetThatCannotBeReadLeavesABlankPaletteAndBank();
@@ -124,6 +126,20 @@ void tst_SpriteImport::differentSquaresBecomeSpritesInTheirOrder()
     QCOMPARE(outcome.bank->image().pixelIndex(0, 0), 0);
     QCOMPARE(outcome.bank->image().pixelIndex(0, Side), 2);
     QCOMPARE(outcome.bank->image().pixelIndex(1, Side), 0);
+}
+
+void tst_SpriteImport::theBlankSpriteOfANewBankTakesTheFirstSquare()
+{
+    Project project;
+    std::unique_ptr<SpriteBankLog> log;
+    connect(&project, &Project::spritesCreated, this,
+            [&](const QPointer<SpriteBank> &bank) { log = std::make_unique<SpriteBankLog>(bank); });
+
+    importSheet(&project, nullptr, savedSheet(TestImages::distinctSquares(8, 4)), ImagePalette,
+                QUuid());
+
+    QVERIFY(log);
+    QCOMPARE(log->sent, (QStringList{"image 0", "count", "image 1"}));
 }
 
 void tst_SpriteImport::thePalettesColoursAreThoseOfTheSheet()

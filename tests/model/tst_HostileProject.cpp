@@ -32,6 +32,9 @@ private slots:
     void everyKeyMayBeMissing();
     void positionsAtTheLimitsDoNotOverflow();
 
+    void numbersOutsideAnEnumerationAreClamped_data();
+    void numbersOutsideAnEnumerationAreClamped();
+
     void tooManyDocumentsAreRefused_data();
     void tooManyDocumentsAreRefused();
     void asManyDocumentsAsAllowedLoad();
@@ -265,8 +268,38 @@ void tst_HostileProject::positionsAtTheLimitsDoNotOverflow()
 
     QVERIFY(load(withJson(entries, root)));
 
+    QCOMPARE(m_project->playArea().topLeft(), QPoint(1 << 28, -(1 << 28)));
     use(m_project.get());
     QVERIFY(m_project->archiveEntries(true).size() > 2);
+}
+
+void tst_HostileProject::numbersOutsideAnEnumerationAreClamped_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<int>("depth");
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<int>("type");
+    QTest::newRow("below") << -1 << 0 << 0 << 0;
+    QTest::newRow("one beyond the smallest") << 2 << 1 << 2 << 1;
+    QTest::newRow("one beyond the largest") << 4 << 1 << 3 << 1;
+    QTest::newRow("most") << std::numeric_limits<int>::max() << 1 << 3 << 1;
+}
+
+void tst_HostileProject::numbersOutsideAnEnumerationAreClamped()
+{
+    QFETCH(int, number);
+    const Entries entries = richEntries();
+    QJsonValue root = TestProjects::json(entries);
+    root = changed(root, {"sprites", 0, "depth"}, number);
+    root = changed(root, {"images", 0, "type"}, number);
+    root = changed(root, {"mapObjects", 0, "animations", 0, "type"}, number);
+
+    QVERIFY(load(withJson(entries, root)));
+
+    const auto animation = m_project->mapObjects().first()->animations().cbegin().value();
+    QTEST(int(m_project->spriteBanks().first()->depth()), "depth");
+    QTEST(int(m_project->images().first()->mode()), "mode");
+    QTEST(int(animation->type()), "type");
 }
 
 void tst_HostileProject::tooManyDocumentsAreRefused_data()

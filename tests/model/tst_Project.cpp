@@ -24,6 +24,7 @@ private slots:
     void theNullIdIsNeverFound();
 
     void createdPalettesAreAnnouncedInOrder();
+    void createdTileSetsAndBlocksAreAnnouncedInOrder();
     void createPaletteCopiesTheWordsOnly();
     void createPaletteFillsByAction_data();
     void createPaletteFillsByAction();
@@ -183,6 +184,25 @@ void tst_Project::createdPalettesAreAnnouncedInOrder()
     QCOMPARE(order, (Strings{"New palette added: Night2500", "Night"}));
     QCOMPARE(m_project->palette(palette->id()), palette);
     QCOMPARE(palette->parent(), m_project.get());
+}
+
+void tst_Project::createdTileSetsAndBlocksAreAnnouncedInOrder()
+{
+    QStringList order;
+    Project *project = m_project.get();
+    connect(project, qOverload<QString, int>(&Project::showMessage), this,
+            [&](const QString &text, int) { order += text; });
+    connect(project, &Project::tileSetsChanged, this, [&] { order += "names"; });
+    connect(project, &Project::paletteCreated, this, [&] { order += "palette"; });
+    connect(project, &Project::tilesetCreated, this, [&] { order += "tile set"; });
+    connect(project, &Project::blocksCreated, this, [&] { order += "blocks"; });
+
+    const auto tileSet = project->createTileSet("Rocks", QUuid(), 1);
+    project->createBlockList("Doors", tileSet->id());
+
+    QCOMPARE(order,
+             (Strings{"New palette added: Rocks", "palette", "names", "New tile set added: Rocks",
+                      "tile set", "New block set added: Doors", "blocks"}));
 }
 
 void tst_Project::createPaletteCopiesTheWordsOnly()
