@@ -43,6 +43,9 @@ BlockEditorToolBar::BlockEditorToolBar(QWidget *parent)
     m_height = addSpin(row, tr("H:"), 1, MaxSide);
     m_height->setToolTip(tr("Set the frame height in tiles"));
     m_height->setAccessibleName(tr("Height in tiles"));
+    // On the way to 16 a typed 1 would cut off all cells but the first column or row.
+    m_width->setKeyboardTracking(false);
+    m_height->setKeyboardTracking(false);
     m_delay = addSpin(row, tr("Delay:"), 0, MaxDelay);
     m_delay->setSpecialValueText(tr("None"));
     m_delay->setToolTip(

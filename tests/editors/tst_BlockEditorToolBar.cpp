@@ -20,6 +20,8 @@ private slots:
     void sidesAndDelayAreBounded();
     void noDelayIsShownAsAWord();
     void changesOfTheUserAreSent();
+    void aTypedSideIsSentWhenItIsComplete_data();
+    void aTypedSideIsSentWhenItIsComplete();
     void showingSendsNothing();
     void showingTheTypedNameKeepsTheCursor();
 
@@ -96,6 +98,32 @@ void tst_BlockEditorToolBar::changesOfTheUserAreSent()
     QCOMPARE(height.last().first().toInt(), 11);
     QCOMPARE(delay.count(), 1);
     QCOMPARE(delay.last().first().toInt(), 1);
+}
+
+void tst_BlockEditorToolBar::aTypedSideIsSentWhenItIsComplete_data()
+{
+    QTest::addColumn<QString>("side");
+    QTest::newRow("width") << QString("Width in tiles");
+    QTest::newRow("height") << QString("Height in tiles");
+}
+
+void tst_BlockEditorToolBar::aTypedSideIsSentWhenItIsComplete()
+{
+    QFETCH(QString, side);
+    BlockEditorToolBar bar;
+    bar.showSize({4, 4});
+    QList<int> sent;
+    connect(&bar, &BlockEditorToolBar::widthChanged, this, [&](int width) { sent.append(width); });
+    connect(&bar, &BlockEditorToolBar::heightChanged, this,
+            [&](int height) { sent.append(height); });
+    auto *spin = DialogDriver::field<QSpinBox>(bar, side);
+    spin->selectAll();
+
+    QTest::keyClicks(spin, "16");
+    QCOMPARE(sent, QList<int>());
+    QTest::keyClick(spin, Qt::Key_Return);
+
+    QCOMPARE(sent, QList<int>({16}));
 }
 
 void tst_BlockEditorToolBar::showingSendsNothing()
