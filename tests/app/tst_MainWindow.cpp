@@ -99,6 +99,7 @@ void tst_MainWindow::startsWithItsFrame()
 {
     QCOMPARE(m_window->windowTitle(), QApplication::applicationName());
     QCOMPARE(m_window->statusBar()->currentMessage(), m_window->windowTitle());
+    QCOMPARE(m_window->size(), QSize(1024, 768));
     QVERIFY(m_window->documentMode());
     QVERIFY(!m_window->windowIcon().isNull());
     QCOMPARE(m_window->centralWidget(), m_window->views().tabs);
