@@ -9,6 +9,7 @@
 #include "control/ProjectController.h"
 #include "dialogs/MessageDialog.h"
 #include "dialogs/PreferencesDialog.h"
+#include "dialogs/TileAnimationDialog.h"
 #include "editors/SpriteWindow.h"
 #include "editors/TilePickerTool.h"
 #include "editors/TileWindow.h"
@@ -96,6 +97,7 @@ private:
     ProjectController m_projectController;
     AppState m_state;
     PreferencesDialog m_preferences;
+    TileAnimationDialog m_tileAnimationDialog;
     MessageDialog m_messageDialog;
     UpdateDialog m_updateDialog;
     UpdateController _updates;

@@ -40,6 +40,10 @@ void MainWindow::connectActions()
 
 void MainWindow::connectMessages()
 {
+    connect(&m_tileAnimationDialog, &TileAnimationDialog::accepted, &m_projectActions,
+            &ProjectActions::createBlocks);
+    m_menuBar.tileMenu()->setAnimationDialog(
+        [this](const TileMenu::TileSets &sets) { m_tileAnimationDialog.show(sets); });
     connect(m_projectController.store(), &ProjectStore::showMessage, statusBar(),
             &QStatusBar::showMessage);
     connect(statusBar(), &QStatusBar::messageChanged, this, &MainWindow::messageChanged);

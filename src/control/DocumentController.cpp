@@ -4,6 +4,7 @@
 #include "control/ProjectController.h"
 #include "dialogs/MapEditorPage.h"
 #include "dialogs/PreferencesDialog.h"
+#include "editors/BlockEditorView.h"
 #include "editors/SpriteEditorView.h"
 #include "editors/SpriteWindow.h"
 #include "editors/TilePickerGrid.h"
@@ -188,6 +189,24 @@ void DocumentController::setActiveSpriteEditor(QUuid spriteBankId)
     menu->setSpriteActionsEnabled(true);
 }
 
+void DocumentController::setActiveBlockEditor(QUuid blocksId)
+{
+    const auto blocks = project() ? project()->blocks(blocksId) : QPointer<MapObjects>();
+    if (!blocks)
+        return;
+    auto *view = qobject_cast<BlockEditor::View *>(m_views.tabs->documentWidget(blocksId));
+    if (view) {
+        m_views.tabs->setCurrentWidget(view);
+    } else {
+        view = new BlockEditor::View(blocks, m_views.tabs);
+        connect(view, &BlockEditor::View::tileDoubleClicked, m_views.tileWindow,
+                &TileWindow::setTileIndex);
+        m_views.tabs->addDocument(view, Type::Blocks, blocksId, blocks->name());
+    }
+    view->followTilePicker(m_views.tilePicker); // a map may have taken the picker for itself
+    setActiveTileSet(blocks->tileSet() ? blocks->tileSet()->id() : QUuid());
+}
+
 void DocumentController::setActiveImageEditor(QUuid imageId)
 {
     const auto image = project() ? project()->image(imageId) : QPointer<Image>();
@@ -240,6 +259,8 @@ void DocumentController::restoreOpenDocuments()
         const QUuid id = QUuid::fromString(document);
         if (project()->map(id))
             setActiveMap(id);
+        else if (project()->blocks(id))
+            setActiveBlockEditor(id);
         else if (project()->spriteBank(id))
             setActiveSpriteEditor(id);
     }

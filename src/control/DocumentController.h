@@ -59,6 +59,7 @@ public slots:
     void setActiveTileSet(QUuid tileSetId);
     void setActiveMap(QUuid mapId);
     void setActiveSpriteEditor(QUuid spriteBankId);
+    void setActiveBlockEditor(QUuid blocksId);
     void setActiveImageEditor(QUuid imageId);
     void scratchEditorActivated();
 

@@ -55,6 +55,8 @@ void DocumentController::connectViews()
             &DocumentController::setActivePalette);
     connect(window, &ProjectWindow::selectedTileSetChanged, this,
             &DocumentController::setActiveTileSet);
+    connect(window, &ProjectWindow::selectedBlocksChanged, this,
+            &DocumentController::setActiveBlockEditor);
     connect(window, &ProjectWindow::selectedSpritesChanged, this,
             &DocumentController::setActiveSpriteEditor);
     connect(window, &ProjectWindow::selectedMapChanged, this, &DocumentController::setActiveMap);

@@ -92,7 +92,9 @@ void ProjectActions::createBlocks(QString name, QUuid tileSetId)
 {
     if (!project())
         return;
-    project()->createBlockList(name, tileSetId);
+    const auto blocks = project()->createBlockList(name, tileSetId);
+    if (m_documents)
+        m_documents->setActiveBlockEditor(blocks->id());
     showTileSet(tileSetId);
 }
 

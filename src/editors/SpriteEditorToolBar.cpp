@@ -34,6 +34,7 @@ ToolBar::ToolBar(QWidget *parent)
 QSpinBox *ToolBar::addSpin(QHBoxLayout *row, const QString &label, int minimum, int maximum)
 {
     auto *spin = new QSpinBox;
+    spin->setKeyboardTracking(false); // a width of 1 on the way to 16 would cut cells off
     spin->setRange(minimum, maximum);
     auto *text = new QLabel(label);
     text->setBuddy(spin);

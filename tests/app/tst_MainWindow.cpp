@@ -4,6 +4,7 @@
 #include "mapeditor/View.h"
 #include "model/Image.h"
 #include "model/Map.h"
+#include "model/MapObjects.h"
 #include "model/Palette.h"
 #include "model/Project.h"
 #include "model/TileSet.h"
@@ -37,6 +38,7 @@ private slots:
     void theToolBarFollowsTheMap();
     void undoFollowsTheFocus();
     void aSpriteBankOpensInDockAndTab();
+    void aBlockListOpensInATab();
     void placementDocksFollowTheMapsModes();
     void aColourEditGoesToTheStackOnDisplay();
     void openTabsComeBackWithTheProject();
@@ -338,6 +340,25 @@ void tst_MainWindow::aSpriteBankOpensInDockAndTab()
                                                               bank->id());
     QCOMPARE(m_window->views().tabs->count(), 0);
     QVERIFY(!m_window->views().spriteWindow->sprites());
+}
+
+void tst_MainWindow::aBlockListOpensInATab()
+{
+    Project *const project = newProject();
+    const auto tileSet = project->createTileSet("castle", QUuid(), 16);
+
+    emit m_window->findChild<TileAnimationDialog *>()->accepted("lifts", tileSet->id());
+
+    QCOMPARE(m_window->views().tabs->count(), 1);
+    QCOMPARE(m_window->views().tabs->tabText(0), QString("lifts"));
+    QCOMPARE(m_window->views().tileWindow->tileSet(), tileSet);
+    const QUuid blocks = project->mapObjects().first()->id();
+    emit m_window->views().tilePicker->tileDoubleClicked(5);
+    QCOMPARE(m_window->views().tileWindow->tileNumber(), 5);
+    emit m_window->views().projectWindow->deleteItemTriggered(ProjectTree::ProjectNode::Objects,
+                                                              blocks);
+    QCOMPARE(m_window->views().tabs->count(), 0);
+    QVERIFY(project->mapObjects().isEmpty());
 }
 
 void tst_MainWindow::placementDocksFollowTheMapsModes()
