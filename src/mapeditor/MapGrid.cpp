@@ -98,13 +98,13 @@ void MapGrid::setMode(Tool mode)
         selectSprite(-1);
 
     const auto tool = m_tools.value(mode);
-    if (tool && m_map) {
+    if (tool) {
         m_currentTool = tool.get();
         if (!m_currentTool->activate() && m_previousMode != Tool::Paste) {
             setMode(m_previousMode);
             return;
         }
-    } else if (!tool) {
+    } else {
         qInfo("MapWidget::setMode(%s) Unhandled switch case",
               QMetaEnum::fromType<Tool>().valueToKey(static_cast<int>(mode)));
     }
@@ -444,6 +444,8 @@ void MapGrid::wheelEvent(QWheelEvent *event)
     // Some systems turn the wheel sideways while Shift or Alt is held.
     const QPoint delta = event->angleDelta();
     const int amount = delta.y() != 0 ? delta.y() : delta.x();
+    if (amount == 0) // a touchpad tells so that a gesture begins or ends
+        return;
     const bool isForward = amount > 0;
     if (event->modifiers().testFlag(Qt::ControlModifier)) {
         if (isForward)

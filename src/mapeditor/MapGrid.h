@@ -84,7 +84,7 @@ public:
     /// The last placed sprite over a map pixel, or -1.
     int spriteAt(QPoint mapPixel) const;
     int selectedSprite() const { return m_selectedSprite; }
-    /// The selected sprite's bounds in global coordinates; invalid without one on view.
+    /// The bounds of sprite @p index in global coordinates; invalid if there is no such sprite.
     QRect spriteScreenRect(int index) const;
     /// Overwrites the selected sprite as one undo step.
     void applySpriteEdit(const Map::PlacedSprite &sprite);

@@ -76,18 +76,15 @@ void MapGrid::paintLayer(QPainter &painter, TileMap &layer)
 
 void MapGrid::paintSprites(QPainter &painter)
 {
-    const QRect cells = m_geometry.visibleCells();
-    const QRect view(cells.topLeft() * GridGeometry::CellPixels,
-                     cells.size() * GridGeometry::CellPixels);
-    painter.save();
-    painter.setClipRect(rect());
     for (const Map::PlacedSprite &sprite : std::as_const(m_map->sprites())) {
-        const QPoint topLeft = m_geometry.fromMapPixel({sprite.x, sprite.y});
-        if (topLeft.x() <= rect().right() && topLeft.y() <= rect().bottom() &&
-            spriteBounds(m_spriteBanks, sprite).isValid())
+        // Most sprites of a large map are off the view, and composing a picture is dear.
+        const QRect bounds = spriteBounds(m_spriteBanks, sprite);
+        const QRect onScreen(
+            m_geometry.fromMapPixel(bounds.topLeft()),
+            QSize(m_geometry.scaled(bounds.width()), m_geometry.scaled(bounds.height())));
+        if (bounds.isValid() && onScreen.intersects(rect()))
             paintSprite(painter, sprite, m_spriteTicks);
     }
-    painter.restore();
 }
 
 void MapGrid::paintSprite(QPainter &painter, const Map::PlacedSprite &sprite, qint64 ticks)

@@ -50,7 +50,7 @@ Block blockOnClipboard()
 bool PasteTool::activate()
 {
     const Block block = blockOnClipboard();
-    if (block.size.isEmpty() || block.tileSetId != m_grid->m_map->tileSetId())
+    if (block.size.isEmpty() || !m_grid->m_map || block.tileSetId != m_grid->m_map->tileSetId())
         return false;
     m_grid->m_pasteRect = QRect(QPoint(), block.size);
     m_grid->updateCursor();

@@ -37,6 +37,7 @@ SpriteAnimSelector::SpriteAnimSelector(QWidget *parent)
 
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(m_bankCombo);
     layout->addWidget(m_animationsLabel);
     layout->addWidget(m_animations, 1);
@@ -59,6 +60,7 @@ void SpriteAnimSelector::setBanks(const QList<QPointer<SpriteBank>> &banks)
             disconnect(bank, nullptr, this, nullptr);
     }
     m_banks = banks;
+    m_banks.removeAll(nullptr);
 
     const QString chosen = m_bankCombo->currentText();
     {

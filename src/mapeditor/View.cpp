@@ -30,22 +30,19 @@ constexpr int BytesPerCell = 2; // of an exported map
 
 View::View(QWidget *parent)
     : QSplitter(Qt::Horizontal, parent)
-    , m_resizeDialog(new ResizeMapDialog(this))
+    , m_resizeDialog(new ResizeMapDialog)
     , m_grid(new MapGrid(this))
     , m_toolPalette(new MapToolPalette(this))
     , m_horizontalScrollBar(new ScrollBar(Qt::Horizontal, this))
     , m_verticalScrollBar(new ScrollBar(Qt::Vertical, this))
-    , m_spritePopover(this)
 {
-    m_resizeDialog->setParent(nullptr); // a splitter would take it for a pane
-    m_resizeDialog->setParent(window(), m_resizeDialog->windowFlags());
+    // Windows by now: a splitter takes for a pane what is none yet.
+    m_resizeDialog->setParent(this, m_resizeDialog->windowFlags());
+    m_spritePopover.setParent(this, m_spritePopover.windowFlags());
     ViewBuilder(this).build();
 }
 
-View::~View()
-{
-    delete m_resizeDialog;
-}
+View::~View() = default;
 
 void View::setMap(const QPointer<Map> &map)
 {
@@ -57,8 +54,10 @@ void View::setMap(const QPointer<Map> &map)
     m_map = map;
     m_animator.setMap(map);
     if (m_map) {
-        if (const auto tileSet = m_map->tileSet())
+        if (const auto tileSet = m_map->tileSet()) {
             connect(tileSet, &TileSet::tileChanged, m_grid, &MapGrid::tileMapChanged);
+            connect(tileSet, &TileSet::restored, m_grid, &MapGrid::tileMapChanged);
+        }
         connect(m_map, &Map::nameChanged, this, &View::updateTabText);
         connect(m_map, &Map::restored, this, &View::updateSizeText);
         clearCoveredCells();
@@ -83,6 +82,8 @@ void View::setSpriteBanks(const QList<QPointer<SpriteBank>> &banks)
 {
     m_grid->setSpriteBanks(banks);
     for (const auto &bank : banks) {
+        if (!bank)
+            continue;
         const auto repaint = qOverload<>(&QWidget::update);
         connect(bank, &SpriteBank::imageChanged, m_grid, repaint, Qt::UniqueConnection);
         connect(bank, &SpriteBank::restored, m_grid, repaint, Qt::UniqueConnection);
