@@ -24,5 +24,6 @@ std::vector<Bench::Row> Bench::allRows()
     addMapRows(&rows);
     addPictureRows(&rows);
     addProjectRows(&rows);
+    addPaintingRows(&rows);
     return rows;
 }

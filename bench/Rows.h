@@ -39,6 +39,7 @@ Work copyOf(qsizetype bytes);
 std::vector<Row> allRows();
 
 void addMapRows(std::vector<Row> *rows);
+void addPaintingRows(std::vector<Row> *rows);
 void addPictureRows(std::vector<Row> *rows);
 void addProjectRows(std::vector<Row> *rows);
 
