@@ -250,6 +250,13 @@ void DocumentController::openProject(Project *project)
     m_recorder = new EditRecorder(
         project, [this](const QUuid &id) { return m_undoStacks.recordingStack(id); }, this);
     connect(project, &Project::imageCreated, this, &DocumentController::openImage);
+    // A map on display offers at once what has just been made.
+    connect(project, &Project::spritesCreated, this, [this] {
+        if (m_mapView)
+            offerSprites(m_mapView);
+    });
+    connect(project, &Project::blocksCreated, this,
+            [this] { m_views.blockSelector->setTileSet(m_views.tilePicker->tileSet()); });
 }
 
 void DocumentController::restoreOpenDocuments()

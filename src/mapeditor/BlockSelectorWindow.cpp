@@ -43,10 +43,6 @@ BlockSelectorWindow::BlockSelectorWindow(QWidget *parent)
 
 void BlockSelectorWindow::setTileSet(const QPointer<TileSet> &tileSet)
 {
-    for (const auto &blocks : std::as_const(m_blockLists)) {
-        if (blocks)
-            disconnect(blocks, nullptr, this, nullptr);
-    }
     if (m_tileSet)
         disconnect(m_tileSet, nullptr, this, nullptr);
     m_tileSet = tileSet;
@@ -62,6 +58,10 @@ void BlockSelectorWindow::setTileSet(const QPointer<TileSet> &tileSet)
 
 void BlockSelectorWindow::listBlocks()
 {
+    for (const auto &blocks : std::as_const(m_blockLists)) {
+        if (blocks)
+            disconnect(blocks, nullptr, this, nullptr);
+    }
     m_blockLists.clear();
     if (m_tileSet) {
         for (const auto &blocks : m_tileSet->blockLists()) {
@@ -78,6 +78,8 @@ void BlockSelectorWindow::listBlocks()
             m_listCombo->addItem(blocks->name());
             connect(blocks, &MapObjects::animationsChanged, this,
                     [this] { changeList(m_listCombo->currentIndex()); });
+            connect(blocks, &MapObjects::nameChanged, this, &BlockSelectorWindow::listBlocks);
+            connect(blocks, &QObject::destroyed, this, &BlockSelectorWindow::listBlocks);
         }
     }
     changeList(m_listCombo->currentIndex());

@@ -9,6 +9,7 @@
 #include "model/Project.h"
 #include "model/TileSet.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
@@ -39,6 +40,7 @@ private slots:
     void undoFollowsTheFocus();
     void aSpriteBankOpensInDockAndTab();
     void aBlockListOpensInATab();
+    void docksOfferWhatIsMadeBesideAMap();
     void placementDocksFollowTheMapsModes();
     void aColourEditGoesToTheStackOnDisplay();
     void openTabsComeBackWithTheProject();
@@ -359,6 +361,26 @@ void tst_MainWindow::aBlockListOpensInATab()
                                                               blocks);
     QCOMPARE(m_window->views().tabs->count(), 0);
     QVERIFY(project->mapObjects().isEmpty());
+}
+
+void tst_MainWindow::docksOfferWhatIsMadeBesideAMap()
+{
+    Project *const project = newProject();
+    const auto map = addMap();
+    m_window->documentController()->setActiveMap(map->id());
+    QVERIFY(!m_window->views().mapSprites->isContentShown());
+    auto *const lists = m_window->views().blockSelector->findChild<QComboBox *>();
+    QCOMPARE(lists->count(), 0);
+
+    project->createSpriteBank(Tessaril::Sprite::EightBit, "heroes", QUuid());
+    const auto blocks = project->createBlockList("lifts", map->tileSetId());
+
+    QVERIFY(m_window->views().mapSprites->isContentShown());
+    QCOMPARE(lists->count(), 1);
+    blocks->setName("doors");
+    QCOMPARE(lists->itemText(0), QString("doors"));
+    delete blocks;
+    QCOMPARE(lists->count(), 0);
 }
 
 void tst_MainWindow::placementDocksFollowTheMapsModes()
