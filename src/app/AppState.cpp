@@ -4,6 +4,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <QSettings>
 
 namespace {
 
@@ -47,6 +48,8 @@ AppState::AppState(QObject *parent)
     home.mkpath(folder);
     m_directory.setPath(home.canonicalPath());
     m_directory.cd(folder);
+    // Where Qt's file dialog keeps its history: nothing is written outside this folder.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_directory.path());
 }
 
 bool AppState::load()

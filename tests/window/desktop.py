@@ -1,6 +1,7 @@
 """A virtual display with a window manager, and keys pressed on it. Ended by leaving the `with` block."""
 import os
 import subprocess
+import tempfile
 import time
 
 WAIT = 30  # seconds, for anything that the program does
@@ -16,14 +17,16 @@ class Desktop:
         with os.fdopen(reader) as numbers:
             display = ":" + numbers.readline().strip()
         self.environment = dict(os.environ, DISPLAY=display, QT_QPA_PLATFORM="xcb")
-        self.manager = subprocess.Popen(["openbox"], env=self.environment,
-                                        stderr=subprocess.DEVNULL)
+        self.manager_home = tempfile.TemporaryDirectory()  # it writes a log of its own
+        self.manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL,
+                                        env=dict(self.environment, HOME=self.manager_home.name))
         return self
 
     def __exit__(self, *_):
         for process in (self.manager, self.server):
             process.terminate()
             process.wait(timeout=WAIT)
+        self.manager_home.cleanup()
 
     def start(self, program):
         return subprocess.Popen([program], env=self.environment)

@@ -148,6 +148,23 @@ def open_again(desktop, executable, file):
     close(desktop, program)
 
 
+def check_home(file):
+    """What outlives a run stands in one folder, and nothing was written beside it."""
+    home = os.path.expanduser("~")
+    written = [os.path.relpath(os.path.join(folder, name), home)
+               for folder, _, names in os.walk(home) for name in names]
+    outside = [path for path in written if not path.startswith(".config/tessaril/")]
+    assert not outside, outside
+    with open(os.path.join(home, ".config/tessaril/state.json")) as text:
+        state = json.load(text)
+    assert state["recent"] == [file], state["recent"]
+    assert state["tileZoom"] == 8 and state["windowState"] and state["windowGeometry"]
+    with open(os.path.join(home, ".config/tessaril/preferences.json")) as text:
+        preferences = json.load(text)
+    assert set(preferences) == {"general", "mapEditor"}, preferences
+    assert preferences["general"]["updateInterval"] == "weekly"
+
+
 def main():
     executable = sys.argv[1]
     folder = os.getcwd()
@@ -158,8 +175,7 @@ def main():
         check_file(file + ".tessaril", "castle")
         open_again(desktop, executable, file + ".tessaril")
         check_file(file + ".tessaril", "castle")
-    state = json.load(open(os.path.expanduser("~/.config/tessaril/state.json")))
-    assert state["recent"] == [file + ".tessaril"], state["recent"]
+    check_home(file + ".tessaril")
     print("1 passed, 0 failed")
 
 
