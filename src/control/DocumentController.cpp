@@ -275,10 +275,9 @@ void DocumentController::restoreOpenDocuments()
 
 void DocumentController::recordOpenDocuments()
 {
-    m_pausedViews.clear();
+    m_wasAnimated.clear();
     for (MapEditor::View *const view : m_views.tabs->mapViews()) {
-        if (view->animator().timer().isActive())
-            m_pausedViews.append(view);
+        m_wasAnimated.insert(view, view->animator().timer().isActive());
         view->animator().timer().stop();
     }
     QStringList documents;
@@ -289,11 +288,13 @@ void DocumentController::recordOpenDocuments()
 
 void DocumentController::restartAnimations()
 {
-    for (const auto &view : std::as_const(m_pausedViews)) {
-        if (view)
+    for (MapEditor::View *const view : m_views.tabs->mapViews()) {
+        if (m_wasAnimated.value(view))
             view->animator().timer().start();
+        else
+            view->animator().timer().stop();
     }
-    m_pausedViews.clear();
+    m_wasAnimated.clear();
 }
 
 void DocumentController::endProject()

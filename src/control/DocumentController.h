@@ -4,6 +4,7 @@
 #include "control/DocumentViews.h"
 #include "history/UndoStacks.h"
 
+#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -36,7 +37,8 @@ public:
     void openProject(Project *project);
     /// Opens the tabs that were open when the project was saved. Images do not come back.
     void restoreOpenDocuments();
-    /// Stops the map timers and stores the open tabs in the project; the second starts them again.
+    /// Stops the map timers and stores the open tabs in the project; the second starts those that
+    /// ran, and stops the others.
     void recordOpenDocuments();
     void restartAnimations();
     /// Closes the tabs and forgets all edits. The project still lives.
@@ -88,7 +90,7 @@ private:
     UndoStacks m_undoStacks;
     QPointer<EditRecorder> m_recorder;
     QList<QMetaObject::Connection> m_mapConnections; // between the docks and the current map view
-    QList<QPointer<MapEditor::View>> m_pausedViews;  // whose animations ran before the save
+    QHash<MapEditor::View *, bool> m_wasAnimated;    // before the save; keys are only compared
     QPointer<QObject> m_editTarget;
     QPointer<MapEditor::View> m_mapView; // that the tool bar is attached to
 };
