@@ -14,30 +14,6 @@ namespace {
 
 constexpr int ReaderTimeoutMs = 240000;
 
-void exportLevel(Tour &tour, const Tour::Level &level)
-{
-    QStringList told;
-    QStringList errors;
-    QObject context;
-    QObject::connect(&tour.store(), &ProjectStore::showMessage, &context,
-                     [&told](const QString &message, int) { told += message; });
-    QObject::connect(&tour.store(), &ProjectStore::saveError, &context,
-                     [&errors](const QString &message) { errors += message; });
-
-    const QString folder = tour.folder().path();
-    tour.store().exportPalette(folder, level.palette);
-    tour.store().exportTiles(folder, level.tileSet);
-    tour.store().exportMap(folder, level.map);
-    const QString wide = tour.folder().filePath(level.name + QStringLiteral("_tiles.bin"));
-    const QPointer<TileSet> tileSet = tour.project()->tileSet(level.tileSet);
-    const bool wideWritten = TileExport::write(tileSet, wide, {1, level.tileCount, false});
-
-    tour.check(errors.isEmpty() && wideWritten, level.name,
-               QStringLiteral("palette, tiles and map exported"));
-    tour.check(told == QStringList({"Palette exported", "Tile set exported", "Map exported"}),
-               level.name, QStringLiteral("and each was told"));
-}
-
 void exportSprites(Tour &tour, const QUuid &id)
 {
     const QPointer<SpriteBank> bank = tour.project()->spriteBank(id);
@@ -46,10 +22,36 @@ void exportSprites(Tour &tour, const QUuid &id)
                QStringLiteral("sprites exported"));
 }
 
-void readBack(Tour &tour, const QString &reader)
+} // namespace
+
+void exportLevel(Tour &tour, ProjectStore &store, const QDir &directory, const Tour::Level &level)
 {
-    const QString manifest = tour.folder().filePath(QStringLiteral("manifest.json"));
-    tour.check(FileBytes::write(manifest, QJsonDocument(tour.manifest).toJson()),
+    QStringList told;
+    QStringList errors;
+    QObject context;
+    QObject::connect(&store, &ProjectStore::showMessage, &context,
+                     [&told](const QString &message, int) { told += message; });
+    QObject::connect(&store, &ProjectStore::saveError, &context,
+                     [&errors](const QString &message) { errors += message; });
+
+    const QString folder = directory.path();
+    store.exportPalette(folder, level.palette);
+    store.exportTiles(folder, level.tileSet);
+    store.exportMap(folder, level.map);
+    const QString wide = directory.filePath(level.name + QStringLiteral("_tiles.bin"));
+    const QPointer<TileSet> tileSet = store.project()->tileSet(level.tileSet);
+    const bool wideWritten = TileExport::write(tileSet, wide, {1, level.tileCount, false});
+
+    tour.check(errors.isEmpty() && wideWritten, level.name,
+               QStringLiteral("palette, tiles and map exported"));
+    tour.check(told == QStringList({"Palette exported", "Tile set exported", "Map exported"}),
+               level.name, QStringLiteral("and each was told"));
+}
+
+void readBack(Tour &tour, const QString &reader, const QDir &directory, const QJsonObject &contents)
+{
+    const QString manifest = directory.filePath(QStringLiteral("manifest.json"));
+    tour.check(FileBytes::write(manifest, QJsonDocument(contents).toJson()),
                QStringLiteral("reader"), QStringLiteral("is told what there is"));
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedChannels);
@@ -59,14 +61,12 @@ void readBack(Tour &tour, const QString &reader)
                QStringLiteral("reader"), QStringLiteral("finds every pixel in the exports"));
 }
 
-} // namespace
-
 void exportChapter(Tour &tour, const QString &reader)
 {
     tour.beginChapter(QStringLiteral("The documents are exported and read by somebody else"));
     for (const Tour::Level &level : tour.levels)
-        exportLevel(tour, level);
+        exportLevel(tour, tour.store(), tour.folder(), level);
     for (const QUuid &bank : tour.banks)
         exportSprites(tour, bank);
-    readBack(tour, reader);
+    readBack(tour, reader, tour.folder(), tour.manifest);
 }

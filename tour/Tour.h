@@ -66,6 +66,12 @@ private:
     int m_failures = 0;
 };
 
+/// Exports the documents of an imported picture, which @p store holds, to @p directory.
+void exportLevel(Tour &tour, ProjectStore &store, const QDir &directory, const Tour::Level &level);
+/// Has the independent reader check what lies in @p directory, as @p contents describe it.
+void readBack(Tour &tour, const QString &reader, const QDir &directory,
+              const QJsonObject &contents);
+
 /// The chapters, in the order in which a day goes by.
 void importChapter(Tour &tour);
 void projectChapter(Tour &tour);

@@ -1,21 +1,51 @@
-#include "tour/Tour.h"
-
-#include <QGuiApplication>
+#include "app/Identity.h"
+#include "formats/FileBytes.h"
+#include "tour/WindowTour.h"
 
 #include <cstdio>
 
+namespace {
+
+/// Makes a home below the folder, so that nothing of the user's is read or written.
+bool useOwnHome(const QDir &folder)
+{
+    const QString home = folder.absoluteFilePath(QStringLiteral("home"));
+    const QString settings = home + QStringLiteral("/.config/tessaril");
+    QDir(home).removeRecursively();
+    qputenv("HOME", home.toUtf8());
+    for (const char *const name :
+         {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"})
+        qunsetenv(name);
+    return QDir().mkpath(settings) &&
+           FileBytes::write(settings + QStringLiteral("/preferences.json"),
+                            R"({"general": {"versionCheckEnabled": false}})");
+}
+
+void tourWindow(Tour &tour, const QString &reader)
+{
+    WindowTour window(tour);
+    shellChapter(window, reader);
+    documentChapter(window);
+}
+
+} // namespace
+
 int main(int argc, char *argv[])
 {
-    const QGuiApplication application(argc, argv);
-    if (application.arguments().size() != 3) {
+    if (argc != 3 || !useOwnHome(QDir(QString::fromLocal8Bit(argv[1])))) {
         std::fputs("tessaril_tour FOLDER READER\n", stderr);
         return 2;
     }
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    Identity::apply();
+    const QApplication application(argc, argv);
 
-    Tour tour(application.arguments().at(1));
+    Tour tour(QDir(QApplication::arguments().at(1)).absolutePath());
+    const QString reader = QApplication::arguments().at(2);
     importChapter(tour);
     projectChapter(tour);
-    exportChapter(tour, application.arguments().at(2));
+    exportChapter(tour, reader);
+    tourWindow(tour, reader);
     iconChapter(tour);
     std::printf("\n%d failed; pictures, project and exports are in %s\n", tour.failures(),
                 qPrintable(tour.folder().absolutePath()));

@@ -166,8 +166,10 @@ def main():
     with zipfile.ZipFile(manifest["project"]) as archive:
         check(archive.testzip() is None, "project", "is a sound archive")
         description = json.loads(archive.read("project.json"))
-        check_sheet(folder, manifest["sheet"], description)
-        check_image(manifest["image"], archive)
+        if "sheet" in manifest:
+            check_sheet(folder, manifest["sheet"], description)
+        if "image" in manifest:
+            check_image(manifest["image"], archive)
     return 1 if wrong else 0
 
 
