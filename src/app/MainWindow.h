@@ -65,7 +65,6 @@ private:
 
     void connectProjectControl();
     void connectActions();
-    void connectLayout();
     void setUpFrame();
     void makeFileToolBar();
     void connectMessages();
