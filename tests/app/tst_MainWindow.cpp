@@ -50,6 +50,8 @@ private slots:
     void nextAndPreviousTileStopAtTheEnds();
     void swappingATileSetsPalette();
     void stateSurvivesARestart();
+    void aZoomBeyondItsRangeIsWrittenClamped_data();
+    void aZoomBeyondItsRangeIsWrittenClamped();
     void damagedStateDoesNoHarm();
 
 private:
@@ -532,6 +534,34 @@ void tst_MainWindow::stateSurvivesARestart()
              QStringList({"/somewhere/game.tessaril"}));
     QVERIFY(m_window->views().projectWindow->isHidden());
     QCOMPARE(m_window->size(), QSize(900, 700));
+}
+
+void tst_MainWindow::aZoomBeyondItsRangeIsWrittenClamped_data()
+{
+    QTest::addColumn<int>("stored");
+    QTest::addColumn<int>("zoom");
+    QTest::newRow("too large") << 100 << 16;
+    QTest::newRow("too small") << 0 << 1;
+}
+
+void tst_MainWindow::aZoomBeyondItsRangeIsWrittenClamped()
+{
+    QFETCH(int, stored);
+    QFETCH(int, zoom);
+    QVERIFY(m_window->close());
+    QFile file(QDir::homePath() + "/.config/tessaril/state.json");
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(QJsonDocument(QJsonObject{{"tileZoom", stored}}).toJson());
+    file.close();
+
+    m_window = std::make_unique<MainWindow>();
+    QCOMPARE(m_window->views().tilePicker->zoom(), zoom);
+    QCOMPARE(m_window->views().menuBar->fileMenu()->lastDirectory().path(), QString("~"));
+    QVERIFY(m_window->close());
+
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QJsonObject written = QJsonDocument::fromJson(file.readAll()).object();
+    QCOMPARE(written.value("tileZoom").toInt(), zoom);
 }
 
 void tst_MainWindow::damagedStateDoesNoHarm()
