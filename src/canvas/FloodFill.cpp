@@ -1,147 +1,205 @@
 #include "canvas/Raster.h"
 
 #include <algorithm>
-#include <bit>
+#include <cstddef>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 namespace {
 
 constexpr int WordBits = 64;
+constexpr int GroupBytes = 8; // pixels that are compared or written at once
 constexpr quint64 EachByte = 0x0101010101010101;
+constexpr quint64 HighBits = 0x80 * EachByte;
+constexpr quint64 OneBit = 1;
+constexpr quint64 LastBit = OneBit << (WordBits - 1);
+constexpr quint64 AllBits = ~quint64(0);
 
-/// The first x from @p x on, up to @p end, whose byte is not @p value.
-int endOfRun(const uchar *row, int x, int end, uchar value)
+/// The bytes of @p group that equal those of @p pattern, as a bit each; the first byte is bit 0.
+quint64 equalBytes(quint64 group, quint64 pattern)
 {
-    const quint64 pattern = EachByte * value;
-    while (end - x >= 8) {
-        quint64 eight;
-        std::memcpy(&eight, row + x, sizeof eight);
-        if (eight != pattern)
-            break;
-        x += 8;
-    }
-    while (x < end && row[x] == value)
-        ++x;
-    return x;
+    const quint64 differing = group ^ pattern;
+    const quint64 nonZero = ((differing & ~HighBits) + ~HighBits) | differing;
+    constexpr quint64 GatherBits = 0x0002040810204081;
+    return ((~nonZero & HighBits) * GatherBits) >> 56;
 }
 
-/// The first x of the run of @p value that ends before @p x.
-int startOfRun(const uchar *row, int x, uchar value)
+/// Bytes of 0xFF where @p bits, eight of them, are set.
+quint64 byteMask(quint64 bits)
 {
-    const quint64 pattern = EachByte * value;
-    while (x >= 8) {
-        quint64 eight;
-        std::memcpy(&eight, row + x - 8, sizeof eight);
-        if (eight != pattern)
-            break;
-        x -= 8;
-    }
-    while (x > 0 && row[x - 1] == value)
-        --x;
-    return x;
+    constexpr quint64 BitOfByte = 0x8040201008040201;
+    const quint64 spread = (bits * EachByte) & BitOfByte;
+    const quint64 isSet = ((spread + ~HighBits) | spread) & HighBits;
+    return (isSet >> 7) * 0xFF;
 }
 
-/// Runs of an area are filled row by row. What a run touches above and below is noted as one bit a
-/// pixel, so that no area, however branched, needs more than an eighth of the picture.
-class SpanFill
+/// Whether the next 64 bytes all equal those of @p pattern: the usual case in drawn pictures.
+bool isFilledWith(quint64 pattern, const uchar *bytes)
+{
+    quint64 differing = 0;
+    for (int x = 0; x < WordBits; x += GroupBytes) {
+        quint64 group;
+        std::memcpy(&group, bytes + x, sizeof group);
+        differing |= group ^ pattern;
+    }
+    return differing == 0;
+}
+
+/// The pixels of a row, from @p x on, that bear the byte of @p pattern; beyond the end of the row
+/// none.
+quint64 equalPixels(const uchar *row, int x, int width, quint64 pattern)
+{
+    if (x + WordBits <= width && isFilledWith(pattern, row + x))
+        return AllBits;
+    quint64 bits = 0;
+    const int end = std::min(x + WordBits, width);
+    for (int shift = 0; x < end; x += GroupBytes, shift += GroupBytes) {
+        const int count = std::min(GroupBytes, end - x);
+        quint64 group = ~pattern;
+        std::memcpy(&group, row + x, static_cast<size_t>(count));
+        bits |= equalBytes(group, pattern) << shift;
+    }
+    return bits;
+}
+
+/// The whole runs of set bits in @p open that hold a bit of @p seeds, which lie in @p open.
+quint64 runsWith(quint64 seeds, quint64 open)
+{
+    if (((seeds << 1 | seeds >> 1) & open & ~seeds) == 0)
+        return seeds; // so it is in narrow ways up and down, and in blank areas
+    // A carry runs from each seed to the upper end of its run.
+    quint64 filled = (((open + seeds) ^ open) | seeds) & open;
+    quint64 passable = open;
+    for (int step = 1; step < WordBits; step *= 2) {
+        filled |= passable & (filled >> step);
+        passable &= passable >> step;
+    }
+    return filled;
+}
+
+/// Fills an area on bits, 64 pixels of a row at once: what is still open to the fill, and what of
+/// it has been reached from beside. Both, and the words that wait, take less than half of the
+/// picture.
+class WordFill
 {
 public:
-    SpanFill(QImage &image, uchar target, uchar index)
-        : m_bits(image.bits())
-        , m_stride(image.bytesPerLine())
-        , m_width(image.width())
-        , m_target(target)
-        , m_index(index)
-        , m_words(static_cast<size_t>((image.width() + WordBits - 1) / WordBits))
-        , m_rows(static_cast<size_t>(image.height()))
-        , m_seeds(m_words * m_rows.size())
+    WordFill(QImage &image, uchar target)
+        : m_image(image)
+        , m_pattern(EachByte * target)
+        , m_words((image.width() + WordBits - 1) / WordBits)
+        , m_rowStep(static_cast<size_t>(m_words) + 1)
+        , m_open(m_rowStep * (static_cast<size_t>(image.height()) + 2))
+        , m_seeds(m_open.size())
     {
+        for (int y = 0; y < image.height(); ++y) {
+            const uchar *const row = image.constScanLine(y);
+            for (int word = 0; word < m_words; ++word)
+                m_open[at(word, y)] = equalPixels(row, word * WordBits, image.width(), m_pattern);
+        }
     }
 
     void fillFrom(QPoint start)
     {
-        addSeed(start.x(), start.y());
+        addSeeds(at(start.x() / WordBits, start.y()), OneBit << (start.x() % WordBits));
         while (!m_waiting.empty()) {
-            const int y = m_waiting.back();
+            const size_t place = m_waiting.back();
             m_waiting.pop_back();
-            fillRow(y);
+            fillFrom(place, std::exchange(m_seeds[place], 0));
+        }
+    }
+
+    /// Gives the pixels that the fill reached the index.
+    void paint(uchar index)
+    {
+        for (int y = 0; y < m_image.height(); ++y) {
+            uchar *const row = m_image.scanLine(y);
+            for (int word = 0; word < m_words; ++word)
+                paintWord(row, word * WordBits, ~m_open[at(word, y)], index);
         }
     }
 
 private:
-    struct Row
+    /// Where the word lies. A closed row above and below and a closed word between rows spare every
+    /// check of the picture's edges.
+    size_t at(int word, int y) const
     {
-        int first = 0; // words that hold seeds, first above last for none
-        int last = -1;
-    };
-
-    uchar *line(int y) { return m_bits + y * m_stride; }
-    quint64 *seedsOf(int y) { return m_seeds.data() + static_cast<size_t>(y) * m_words; }
-
-    void addSeed(int x, int y)
-    {
-        Row &row = m_rows[static_cast<size_t>(y)];
-        const int word = x / WordBits;
-        if (row.first > row.last) {
-            row = {word, word};
-            m_waiting.push_back(y);
-        } else {
-            row.first = std::min(row.first, word);
-            row.last = std::max(row.last, word);
-        }
-        seedsOf(y)[word] |= quint64(1) << (x % WordBits);
+        return (static_cast<size_t>(y) + 1) * m_rowStep + static_cast<size_t>(word);
     }
 
-    void fillRow(int y)
+    void addSeeds(size_t place, quint64 seeds)
     {
-        const Row range = std::exchange(m_rows[static_cast<size_t>(y)], Row());
-        for (int word = range.first; word <= range.last; ++word) {
-            quint64 seeds = std::exchange(seedsOf(y)[word], 0);
-            for (; seeds != 0; seeds &= seeds - 1)
-                fillRun(word * WordBits + std::countr_zero(seeds), y);
-        }
+        if (m_seeds[place] == 0)
+            m_waiting.push_back(static_cast<quint32>(place));
+        m_seeds[place] |= seeds;
     }
 
-    void fillRun(int x, int y)
+    /// Fills the runs of the seeds and what can be reached from them straight up and down.
+    void fillFrom(size_t place, quint64 seeds)
     {
-        uchar *const row = line(y);
-        if (row[x] != m_target)
-            return; // another seed of the same run came first
-        const int first = startOfRun(row, x, m_target);
-        const int end = endOfRun(row, x, m_width, m_target);
-        std::memset(row + first, m_index, static_cast<size_t>(end - first));
-        if (y > 0)
-            seedRow(first, end, y - 1);
-        if (y + 1 < static_cast<int>(m_rows.size()))
-            seedRow(first, end, y + 1);
+        const auto rowStep = static_cast<std::ptrdiff_t>(m_rowStep);
+        const quint64 filled = fillWord(place, seeds & m_open[place]);
+        sweep(place, filled, rowStep);
+        sweep(place, filled, -rowStep);
     }
 
-    /// One seed for each run of the target that lies beside pixels first to end - 1.
-    void seedRow(int first, int end, int y)
+    /// Goes on by @p step as long as there is something to fill; what lies behind or beside waits.
+    void sweep(size_t place, quint64 filled, std::ptrdiff_t step)
     {
-        const uchar *const row = line(y);
-        int x = first;
-        while (x < end) {
-            const auto *const found = static_cast<const uchar *>(
-                std::memchr(row + x, m_target, static_cast<size_t>(end - x)));
-            if (!found)
+        for (;;) {
+            place += static_cast<size_t>(step);
+            const quint64 seeds = filled & m_open[place];
+            if (seeds == 0)
                 return;
-            x = static_cast<int>(found - row);
-            addSeed(x, y);
-            x = endOfRun(row, x, end, m_target);
+            filled = fillWord(place, seeds);
+            const size_t behind = place - static_cast<size_t>(step);
+            if (const quint64 left = filled & m_open[behind])
+                addSeeds(behind, left);
         }
     }
 
-    uchar *m_bits;
-    qsizetype m_stride;
-    int m_width;
-    uchar m_target;
-    uchar m_index;
-    size_t m_words;
-    std::vector<Row> m_rows;
+    /// Fills the runs of the seeds within a word, and tells which pixels these are.
+    quint64 fillWord(size_t place, quint64 seeds)
+    {
+        const quint64 filled = runsWith(seeds, m_open[place]);
+        m_open[place] &= ~filled;
+        if (filled & (OneBit | LastBit))
+            seedBeside(place, filled);
+        return filled;
+    }
+
+    void seedBeside(size_t place, quint64 filled)
+    {
+        if ((filled & OneBit) && (m_open[place - 1] & LastBit))
+            addSeeds(place - 1, LastBit);
+        if ((filled & LastBit) && (m_open[place + 1] & OneBit))
+            addSeeds(place + 1, OneBit);
+    }
+
+    void paintWord(uchar *row, int x, quint64 closed, uchar colour) const
+    {
+        const int end = std::min(x + WordBits, m_image.width());
+        if (closed == AllBits && end - x == WordBits && isFilledWith(m_pattern, row + x)) {
+            std::memset(row + x, colour, WordBits);
+            return;
+        }
+        for (; x < end; x += GroupBytes, closed >>= GroupBytes) {
+            const auto count = static_cast<size_t>(std::min(GroupBytes, end - x));
+            quint64 group = ~m_pattern;
+            std::memcpy(&group, row + x, count);
+            const quint64 mask = byteMask(equalBytes(group, m_pattern) & closed & 0xFF);
+            group = (group & ~mask) | (EachByte * colour & mask);
+            std::memcpy(row + x, &group, count);
+        }
+    }
+
+    QImage &m_image;
+    quint64 m_pattern;
+    int m_words; // to a row
+    size_t m_rowStep;
+    std::vector<quint64> m_open;
     std::vector<quint64> m_seeds;
-    std::vector<int> m_waiting; // rows with seeds, each once
+    std::vector<quint32> m_waiting; // places with seeds, each once
 };
 
 } // namespace
@@ -155,6 +213,8 @@ bool Raster::floodFill(QImage &image, QPoint start, int index)
     if (target == value)
         return false;
 
-    SpanFill(image, target, value).fillFrom(start);
+    WordFill fill(image, target);
+    fill.fillFrom(start);
+    fill.paint(value);
     return true;
 }
