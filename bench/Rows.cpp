@@ -1,6 +1,8 @@
 #include "bench/Rows.h"
 
 #include <QByteArray>
+#include <QImage>
+#include <QPainter>
 
 #include <benchmark/benchmark.h>
 
@@ -18,6 +20,17 @@ Bench::Work Bench::copyOf(qsizetype bytes)
     };
 }
 
+Bench::Work Bench::pictureOf(QSize size)
+{
+    QImage ready(size, QImage::Format_RGB32);
+    ready.fill(Qt::darkCyan);
+    const auto target = std::make_shared<QImage>(size, QImage::Format_RGB32);
+    return [ready, target] {
+        QPainter(target.get()).drawImage(0, 0, ready);
+        benchmark::DoNotOptimize(target->constBits());
+    };
+}
+
 std::vector<Bench::Row> Bench::allRows()
 {
     std::vector<Row> rows;
@@ -25,5 +38,6 @@ std::vector<Bench::Row> Bench::allRows()
     addPictureRows(&rows);
     addProjectRows(&rows);
     addPaintingRows(&rows);
+    addCanvasRows(&rows);
     return rows;
 }

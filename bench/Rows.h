@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QSize>
 
 #include <functional>
 #include <string>
@@ -35,9 +35,13 @@ struct Row
 /// Copies @p bytes bytes between two buffers: the least that making so many bytes can cost.
 Work copyOf(qsizetype bytes);
 
+/// Draws a ready picture of @p size onto another: the least that painting so much can cost.
+Work pictureOf(QSize size);
+
 /// Every row of the table, in its order. A new file of rows adds its function here.
 std::vector<Row> allRows();
 
+void addCanvasRows(std::vector<Row> *rows);
 void addMapRows(std::vector<Row> *rows);
 void addPaintingRows(std::vector<Row> *rows);
 void addPictureRows(std::vector<Row> *rows);

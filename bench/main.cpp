@@ -1,6 +1,7 @@
 #include "bench/Rows.h"
 #include "bench/Table.h"
 
+#include <QApplication>
 #include <QLoggingCategory>
 
 #include <benchmark/benchmark.h>
@@ -24,6 +25,8 @@ void add(const std::string &name, const Bench::Work &work)
 /// tessaril_bench [words]: times the rows whose road and input hold the words; all without.
 int main(int argc, char **argv)
 {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv); // for the rows that paint widgets
     QLoggingCategory::setFilterRules(QStringLiteral("default*=false"));
     const std::string wanted = argc > 1 ? argv[1] : "";
     const std::vector<Bench::Row> rows = Bench::allRows();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/Layer2Image.h"
+#include "canvas/ViewPicture.h"
 #include "history/PixelEditCommand.h"
 #include "model/Enums.h"
 
@@ -34,7 +35,6 @@ public:
     static constexpr int MinZoom = 1; // screen pixels for one image pixel
     static constexpr int MaxZoom = 64;
     static constexpr int ZoomStep = 2;
-    static constexpr int GuideStep = 16; // least side of an overlay's square, in screen pixels
 
     explicit Canvas(QWidget *parent = nullptr);
     ~Canvas() override;
@@ -148,9 +148,7 @@ private:
     void refreshColours();
 
     QImage previewImage();
-    const QImage &viewPicture(const QImage &image);
-    void paintCheckers(QPainter &painter);
-    void paintGridLines(QPainter &painter);
+    const QImage &viewPicture();
 
     QPointer<Palette> m_palette;
     Layer2Image m_surface;
@@ -180,10 +178,7 @@ private:
     QHash<int, std::shared_ptr<CanvasTool>> m_tools; // by ToolButton
     CanvasTool *m_tool = nullptr;
 
-    // What painting needs ready: the visible part at screen size, and the checkers' pattern.
+    // What painting needs ready.
     Layer2Image m_previewSurface;
-    QImage m_viewPicture;
-    qint64 m_viewPictureKey = 0;
-    QRect m_viewPicturePixels;
-    QImage m_checkerPattern;
+    ViewPicture m_viewPicture;
 };

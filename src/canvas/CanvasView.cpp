@@ -2,7 +2,6 @@
 
 #include "canvas/Canvas.h"
 #include "canvas/CanvasTool.h"
-#include "canvas/PixelScaler.h"
 #include "model/Palette.h"
 
 #include <QMouseEvent>
@@ -167,11 +166,7 @@ void Canvas::paintEvent(QPaintEvent *)
         return;
 
     painter.fillRect(rect(), QWidget::palette().window());
-    painter.drawImage(m_viewRect.topLeft(), viewPicture(previewImage()));
-    if (m_checkersVisible)
-        paintCheckers(painter);
-    if (m_gridLinesVisible)
-        paintGridLines(painter);
+    painter.drawImage(m_viewRect.topLeft(), viewPicture());
     m_tool->paintOver(painter);
 }
 
@@ -187,47 +182,11 @@ QImage Canvas::previewImage()
     return preview;
 }
 
-/// The part on view at screen size, kept until the image or the view changes.
-const QImage &Canvas::viewPicture(const QImage &image)
+const QImage &Canvas::viewPicture()
 {
-    const bool isCurrent = m_viewPictureKey == image.cacheKey() &&
-                           m_viewPicturePixels == m_scrollOrigin &&
-                           m_viewPicture.size() == m_viewRect.size();
-    if (!isCurrent) {
-        PixelScaler::scale(image, m_scrollOrigin, pixelSize(), &m_viewPicture);
-        m_viewPictureKey = image.cacheKey();
-        m_viewPicturePixels = m_scrollOrigin;
-    }
-    return m_viewPicture;
-}
-
-void Canvas::paintCheckers(QPainter &painter)
-{
-    const QSize square = pixelSize().expandedTo({GuideStep, GuideStep});
-    if (m_checkerPattern.size() != square * 2) {
-        m_checkerPattern = QImage(square * 2, QImage::Format_ARGB32_Premultiplied);
-        m_checkerPattern.fill(Qt::transparent);
-        QPainter pattern(&m_checkerPattern);
-        for (int i = 0; i < 4; ++i) {
-            QColor colour = m_checkerColours[static_cast<size_t>((i & 1) ^ (i >> 1))];
-            colour.setAlpha(m_checkerAlpha);
-            pattern.fillRect(
-                QRect(QPoint((i & 1) * square.width(), (i >> 1) * square.height()), square),
-                colour);
-        }
-    }
-    painter.setBrushOrigin(m_viewRect.topLeft());
-    painter.fillRect(m_viewRect, QBrush(m_checkerPattern));
-}
-
-void Canvas::paintGridLines(QPainter &painter)
-{
-    const QSize step = pixelSize().expandedTo({GuideStep, GuideStep});
-    QList<QLine> lines;
-    for (int y = m_viewRect.top(); y <= m_viewRect.bottom(); y += step.height())
-        lines.append(QLine(m_viewRect.left(), y, m_viewRect.right(), y));
-    for (int x = m_viewRect.left(); x <= m_viewRect.right(); x += step.width())
-        lines.append(QLine(x, m_viewRect.top(), x, m_viewRect.bottom()));
-    painter.setPen(QPen(GridLineColour, 0));
-    painter.drawLines(lines);
+    ViewPicture::View view{m_scrollOrigin,     pixelSize(),      m_checkersVisible,
+                           m_gridLinesVisible, m_checkerColours, GridLineColour};
+    for (QColor &colour : view.checkerColours)
+        colour.setAlpha(m_checkerAlpha);
+    return m_viewPicture.of(previewImage(), view);
 }
