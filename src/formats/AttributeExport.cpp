@@ -19,6 +19,12 @@ constexpr const char *Header = "\tTA_NONE        = $00\n"
                                "\tTA_LADDER      = $40\n"
                                "\tTA_DOOR        = $80\n";
 
+/// A damaged project can hold more than the eight bits.
+uint byteOf(const Tile *tile)
+{
+    return static_cast<uint>(tile->attributes()) & 0xFF;
+}
+
 } // namespace
 
 QByteArray AttributeExport::assembler(const TileSet &tileSet)
@@ -29,8 +35,7 @@ QByteArray AttributeExport::assembler(const TileSet &tileSet)
         const int column = index % ValuesPerLine;
         if (column == 0)
             text += "\tdb\t";
-        text +=
-            '$' + QByteArray::number(tileSet.tile(index)->attributes(), 16).rightJustified(2, '0');
+        text += '$' + QByteArray::number(byteOf(tileSet.tile(index)), 16).rightJustified(2, '0');
         text += column == ValuesPerLine - 1 || index == last ? '\n' : ',';
     }
     return text;
@@ -40,7 +45,7 @@ QByteArray AttributeExport::binary(const TileSet &tileSet)
 {
     QByteArray bytes;
     for (const Tile *tile : tileSet.tiles())
-        bytes += static_cast<char>(tile->attributes());
+        bytes += static_cast<char>(byteOf(tile));
     return bytes;
 }
 

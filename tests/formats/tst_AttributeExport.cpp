@@ -41,6 +41,7 @@ private slots:
     void sixteenTilesFillOneLine();
     void theSeventeenthTileBeginsALine();
     void digitsAreTwoAndInLowerCase();
+    void onlyTheLowByteCounts();
     void bytesStandAlone();
     void theSourceAssemblesToTheBytes_data();
     void theSourceAssemblesToTheBytes();
@@ -83,6 +84,16 @@ void tst_AttributeExport::digitsAreTwoAndInLowerCase()
     tiles.tile(1)->setAttributes(10);
 
     QVERIFY(AttributeExport::assembler(tiles).endsWith("\tdb\t$ff,$0a\n"));
+}
+
+void tst_AttributeExport::onlyTheLowByteCounts()
+{
+    const TileSet tiles(nullptr, 2);
+    tiles.tile(0)->setAttributes(0x12C); // as a damaged project has them
+    tiles.tile(1)->setAttributes(-2);
+
+    QVERIFY(AttributeExport::assembler(tiles).endsWith("\tdb\t$2c,$fe\n"));
+    QCOMPARE(AttributeExport::binary(tiles), QByteArray("\x2c\xfe", 2));
 }
 
 void tst_AttributeExport::bytesStandAlone()
