@@ -298,7 +298,7 @@ void TilePickerGrid::keyPressEvent(QKeyEvent *event)
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (stepped >= 0)
         pick(stepped);
-    else if (isReturn && m_selectedIndex >= 0)
+    else if (isReturn && contains(m_selectedIndex))
         emit itemDoubleClicked(m_selectedIndex + TileNumber);
     else
         QWidget::keyPressEvent(event);

@@ -260,6 +260,9 @@ void tst_TilePickerGrid::returnOpensThePickedTile()
     QTest::keyClick(&fixture.grid, Qt::Key_Return);
     fixture.grid.setSelectedIndex(4);
     QTest::keyClick(&fixture.grid, Qt::Key_Return);
+    fixture.grid.setSelectedIndex(9);
+    fixture.tiles.set->deleteTile(9);
+    QTest::keyClick(&fixture.grid, Qt::Key_Return);
 
     QCOMPARE(opened, QList<QVariantList>{{5}});
 }
