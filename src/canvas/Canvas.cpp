@@ -147,6 +147,7 @@ bool Canvas::setDrawingMode(Tool action)
     const auto tool = m_tools.value(static_cast<int>(action));
     if (!tool || action == Tool::Paste)
         return false;
+    interruptStroke();
     m_mode = action;
     m_tool = tool.get();
     m_tool->activate();
@@ -253,6 +254,7 @@ void Canvas::setPasteMode(QUuid paletteId)
     if (!m_palette || m_palette->id() != paletteId)
         qInfo("Pasting to image with different palette");
     selectNone();
+    interruptStroke();
     m_mode = Tool::Paste;
     m_tool = m_tools.value(static_cast<int>(Tool::Paste)).get();
     update();
@@ -278,8 +280,14 @@ void Canvas::setPaper(int index)
 
 void Canvas::setImage(QImage image)
 {
+    const bool isOtherInStroke =
+        !m_beforeImage.isNull() && !PictureEquality::haveEqualIndices(image, m_surface.image());
     m_surface.setImage(image);
     m_surface.setPalette(m_palette);
+    m_surface.setInk(m_ink);
+    m_surface.setPaper(m_paper);
+    if (isOtherInStroke)
+        m_beforeImage = m_surface.image(); // The stroke goes on in the new picture.
     updateGeometry();
     layoutImage();
     emit imageChanged();
@@ -312,11 +320,18 @@ void Canvas::remap(int offset)
 void Canvas::changeImage(const QString &text, Kind kind,
                          const std::function<void(QImage &)> &function)
 {
-    m_beforeImage = m_surface.image();
+    beginEdit();
     function(m_surface.pixels());
     update();
     emit imageChanged();
     finishEdit(text, kind);
+}
+
+/// Sets aside how the picture is before an edit.
+void Canvas::beginEdit()
+{
+    interruptStroke();
+    m_beforeImage = m_surface.image();
 }
 
 void Canvas::finishEdit(const QString &text, Kind kind)
@@ -326,4 +341,19 @@ void Canvas::finishEdit(const QString &text, Kind kind)
     const QImage before = std::exchange(m_beforeImage, QImage());
     if (!PictureEquality::haveEqualIndices(m_surface.image(), before))
         emit edited(text, before, m_surface.image(), kind);
+}
+
+/// Announces and records what has been drawn since the press. Only drawing keeps an edit open from
+/// one event to the next.
+void Canvas::endStroke()
+{
+    emit imageChanged();
+    finishEdit(QStringLiteral("Draw"), Kind::Edit);
+}
+
+/// A tool or an action chosen by key comes between: what is drawn by then is a step of its own.
+void Canvas::interruptStroke()
+{
+    if (!m_beforeImage.isNull())
+        endStroke();
 }

@@ -144,7 +144,10 @@ private:
     void fillSelection(const QString &text, int index);
     void changeImage(const QString &text, PixelEditCommand::Kind kind,
                      const std::function<void(QImage &)> &function);
+    void beginEdit();
     void finishEdit(const QString &text, PixelEditCommand::Kind kind);
+    void endStroke();
+    void interruptStroke();
     void refreshColours();
 
     QImage previewImage();

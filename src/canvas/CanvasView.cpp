@@ -60,6 +60,7 @@ void Canvas::layoutImage()
     const QPoint position(std::clamp(oldPosition.x(), 0, range.width()),
                           std::clamp(oldPosition.y(), 0, range.height()));
     m_scrollOrigin = QRect(position, visible);
+    m_selection = m_selection.intersected(image().rect());
     m_viewRect = QStyle::alignedRect(
         Qt::LeftToRight, Qt::AlignCenter,
         QSize(visible.width() * pixel.width(), visible.height() * pixel.height()), rect());
@@ -174,6 +175,8 @@ void Canvas::paintEvent(QPaintEvent *)
 QImage Canvas::previewImage()
 {
     m_previewSurface.setImage(m_surface.image());
+    m_previewSurface.setInk(m_surface.ink());
+    m_previewSurface.setPaper(m_surface.paper());
     m_previewSurface.setInk(m_ink);
     m_previewSurface.setPaper(m_paper);
     m_tool->preview(m_previewSurface);

@@ -10,7 +10,6 @@ void DrawCanvasTool::activate()
 
 void DrawCanvasTool::mousePressed(QMouseEvent *)
 {
-    m_canvas->m_beforeImage = m_canvas->image();
     draw();
 }
 
@@ -21,16 +20,19 @@ void DrawCanvasTool::mouseMoved(QMouseEvent *)
 
 void DrawCanvasTool::mouseReleased(QMouseEvent *)
 {
-    emit m_canvas->imageChanged();
-    m_canvas->finishEdit(QStringLiteral("Draw"), PixelEditCommand::Kind::Edit);
+    m_canvas->endStroke();
 }
 
 void DrawCanvasTool::draw()
 {
-    QImage &image = m_canvas->m_surface.pixels();
-    if (m_canvas->m_buttons.testFlag(Qt::LeftButton))
-        Raster::setPixel(image, m_canvas->m_lastPixel, m_canvas->m_ink);
-    else if (m_canvas->m_buttons.testFlag(Qt::RightButton))
-        Raster::setPixel(image, m_canvas->m_lastPixel, m_canvas->m_paper);
+    const bool isInk = m_canvas->m_buttons.testFlag(Qt::LeftButton);
+    if (!isInk && !m_canvas->m_buttons.testFlag(Qt::RightButton))
+        return;
+
+    // A second button goes on with the stroke of the first, and may outlast it.
+    if (m_canvas->m_beforeImage.isNull())
+        m_canvas->beginEdit();
+    Raster::setPixel(m_canvas->m_surface.pixels(), m_canvas->m_lastPixel,
+                     isInk ? m_canvas->m_ink : m_canvas->m_paper);
     m_canvas->update();
 }

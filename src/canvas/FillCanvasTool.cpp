@@ -11,7 +11,7 @@ void FillCanvasTool::activate()
 
 void FillCanvasTool::mouseReleased(QMouseEvent *)
 {
-    m_canvas->m_beforeImage = m_canvas->image();
+    m_canvas->beginEdit();
     QImage &image = m_canvas->m_surface.pixels();
     if (m_canvas->m_buttons.testFlag(Qt::LeftButton))
         Raster::floodFill(image, m_canvas->m_lastPixel, m_canvas->m_ink);

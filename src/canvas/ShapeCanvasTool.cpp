@@ -2,6 +2,8 @@
 
 #include "canvas/Canvas.h"
 
+#include <utility>
+
 namespace {
 
 const QPoint NoCorner(-1, -1);
@@ -13,11 +15,21 @@ void ShapeCanvasTool::activate()
     m_canvas->setCursor(Qt::CrossCursor);
     m_canvas->m_shapeStart = NoCorner;
     m_canvas->m_shapeEnd = NoCorner;
+    m_isDragging = false;
+}
+
+void ShapeCanvasTool::mousePressed(QMouseEvent *)
+{
+    m_isDragging = true;
 }
 
 void ShapeCanvasTool::mouseReleased(QMouseEvent *)
 {
-    m_canvas->m_beforeImage = m_canvas->image();
+    // Of two buttons the first to be released ends the drag.
+    if (!std::exchange(m_isDragging, false))
+        return;
+
+    m_canvas->beginEdit();
     drawShape(m_canvas->m_surface.pixels(), m_canvas->m_shapeStart, m_canvas->m_shapeEnd,
               m_canvas->m_surface.ink());
     m_canvas->m_shapeStart = NoCorner;
@@ -29,6 +41,6 @@ void ShapeCanvasTool::mouseReleased(QMouseEvent *)
 
 void ShapeCanvasTool::preview(Layer2Image &surface)
 {
-    if (m_canvas->m_shapeStart != NoCorner)
+    if (m_isDragging)
         drawShape(surface.pixels(), m_canvas->m_shapeStart, m_canvas->m_shapeEnd, surface.ink());
 }

@@ -14,6 +14,7 @@ public:
     using CanvasTool::CanvasTool;
 
     void activate() override;
+    void mousePressed(QMouseEvent *event) override;
     void mouseReleased(QMouseEvent *event) override;
     void preview(Layer2Image &surface) override;
 
@@ -22,4 +23,8 @@ protected:
     virtual void drawShape(QImage &image, QPoint start, QPoint end, int index) const = 0;
     /// The name of the edit.
     virtual QString text() const = 0;
+
+private:
+    // The corners cannot tell: a drag may begin at (-1, -1), beside the image.
+    bool m_isDragging = false;
 };

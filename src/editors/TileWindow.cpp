@@ -6,6 +6,7 @@
 #include "editors/TileSheet.h"
 #include "formats/NextFormats.h"
 #include "model/Palette.h"
+#include "model/PictureEquality.h"
 #include "model/Tile.h"
 #include "model/TileSet.h"
 #include "uikit/Expandable.h"
@@ -299,7 +300,7 @@ void TileWindow::pushEdit(const QString &text, const QImage &, const QImage &,
         return;
     const QImage before = std::exchange(m_recordedPicture, m_shownPicture);
     QUndoStack *const stack = m_stackFor ? m_stackFor(m_tileSet->id()) : nullptr;
-    if (!stack)
+    if (!stack || PictureEquality::haveEqualIndices(before, m_shownPicture))
         return;
     const int index = tileNumber() - 1;
     // The change of the set reaches the canvas if the tile is on display at that time.

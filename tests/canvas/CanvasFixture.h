@@ -34,13 +34,28 @@ struct CanvasFixture
     {
         QTest::mousePress(&canvas, button, {}, at(x, y));
     }
-    /// Moves with @p buttons held, which QTest does not send by itself.
+    /// Sends an event of the mouse at an image pixel that leaves @p held down. QTest knows only one
+    /// button at a time, and none during a move.
+    void send(QEvent::Type type, QPoint pixel, Qt::MouseButton button, Qt::MouseButtons held)
+    {
+        const QPoint position = at(pixel.x(), pixel.y());
+        QMouseEvent event(type, position, canvas.mapToGlobal(position), button, held,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&canvas, &event);
+    }
     void move(int x, int y, Qt::MouseButtons buttons = Qt::LeftButton)
     {
-        const QPoint position = at(x, y);
-        QMouseEvent event(QEvent::MouseMove, position, canvas.mapToGlobal(position), Qt::NoButton,
-                          buttons, Qt::NoModifier);
-        QCoreApplication::sendEvent(&canvas, &event);
+        send(QEvent::MouseMove, {x, y}, Qt::NoButton, buttons);
+    }
+    /// Presses the left and then the right button and releases them in that order.
+    void clickBoth(int x, int y)
+    {
+        const QPoint pixel(x, y);
+        const Qt::MouseButtons both = Qt::LeftButton | Qt::RightButton;
+        send(QEvent::MouseButtonPress, pixel, Qt::LeftButton, Qt::LeftButton);
+        send(QEvent::MouseButtonPress, pixel, Qt::RightButton, both);
+        send(QEvent::MouseButtonRelease, pixel, Qt::LeftButton, Qt::RightButton);
+        send(QEvent::MouseButtonRelease, pixel, Qt::RightButton, Qt::NoButton);
     }
     void release(int x, int y, Qt::MouseButton button = Qt::LeftButton)
     {

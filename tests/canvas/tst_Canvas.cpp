@@ -40,6 +40,7 @@ private slots:
     void bothOverlaysShow();
     void aMoveWithinAPixelPaintsNothing();
     void selectionSurvivesScrolling();
+    void theSelectionIsCutToASmallerPicture();
 
 private:
     static void wheel(Canvas &canvas, QPoint delta, Qt::KeyboardModifiers modifiers = {},
@@ -469,6 +470,19 @@ void tst_Canvas::selectionSurvivesScrolling()
     QCOMPARE(test.canvas.selection(), QRect(1, 1, 4, 4));
     QCOMPARE(test.canvas.findChild<QRubberBand *>()->geometry(),
              test.canvas.cellRect(QRect(2, 1, 3, 4)));
+}
+
+void tst_Canvas::theSelectionIsCutToASmallerPicture()
+{
+    CanvasFixture test({"1111", "1111", "1111"});
+    test.canvas.selectAll();
+
+    test.canvas.setImage(TestImages::indexed({"33", "33"}));
+    QCOMPARE(test.canvas.selection(), QRect(0, 0, 2, 2));
+    QCOMPARE(test.canvas.findChild<QRubberBand *>()->geometry(), test.canvas.viewRect());
+
+    test.canvas.setImage(QImage());
+    QVERIFY(!test.canvas.hasSelection());
 }
 
 QTEST_MAIN(tst_Canvas)

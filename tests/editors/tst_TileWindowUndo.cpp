@@ -22,6 +22,7 @@ private slots:
     void undoRestoresPixelsOfAnotherBank();
     void scrollsOfOneTileAreOneStep();
     void scrollsOfTwoTilesAreTwoSteps();
+    void anotherTileShownInAStrokeIsNotEdited();
     void withoutAStackTheTileIsStillEdited();
     void aTileChangedElsewhereIsShown();
     void aTileMovedElsewhereIsNotOverwritten();
@@ -193,6 +194,21 @@ void tst_TileWindowUndo::scrollsOfTwoTilesAreTwoSteps()
     fixture.canvas()->setMode(ToolButton::MoveRight, false);
 
     QCOMPARE(fixture.stack.count(), 4);
+}
+
+void tst_TileWindowUndo::anotherTileShownInAStrokeIsNotEdited()
+{
+    TileWindowFixture fixture;
+    fixture.tile(2)->setOffset(4);
+    fixture.window.foreColourChanged(12);
+    const TileSet::State before = fixture.tiles.set->state();
+
+    QTest::mousePress(fixture.canvas(), Qt::LeftButton, {}, {40, 40});
+    fixture.window.setTileIndex(3);
+    QTest::mouseRelease(fixture.canvas(), Qt::LeftButton, {}, {40, 40});
+
+    QCOMPARE(fixture.stack.count(), 0);
+    QCOMPARE(fixture.tiles.set->state(), before);
 }
 
 void tst_TileWindowUndo::withoutAStackTheTileIsStillEdited()
