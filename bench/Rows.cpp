@@ -35,6 +35,7 @@ std::vector<Bench::Row> Bench::allRows()
 {
     std::vector<Row> rows;
     addMapRows(&rows);
+    addMapPaintRows(&rows);
     addPictureRows(&rows);
     addProjectRows(&rows);
     addPaintingRows(&rows);

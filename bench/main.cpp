@@ -36,10 +36,10 @@ int main(int argc, char **argv)
             continue;
         // One row at a time, so that the input of one does not weigh on the next.
         const Bench::Pair pair = row.prepare();
-        benchmark::ClearRegisteredBenchmarks();
         add(Bench::measuredName(row), pair.measured);
         add(Bench::boundName(row), pair.bound);
         benchmark::RunSpecifiedBenchmarks(&table);
+        benchmark::ClearRegisteredBenchmarks(); // its widgets end before the application
     }
     return table.print(rows) ? 0 : 1;
 }
