@@ -30,9 +30,20 @@ Canvas *View::canvas() const
 
 void View::setPalette(const QPointer<Palette> &palette)
 {
+    if (m_palette)
+        m_palette->disconnect(this);
     m_palette = palette;
     canvas()->setPalette(palette);
     m_colourPalette->setPalette(palette);
+    // After the canvas, which has the new colour by then.
+    if (m_palette)
+        connect(m_palette, &Palette::colourChanged, this, &View::announceImage);
+}
+
+void View::announceImage()
+{
+    if (!canvas()->image().isNull())
+        emit imageChanged(canvas()->image());
 }
 
 void View::setImage(const QImage &image)

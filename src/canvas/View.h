@@ -22,7 +22,8 @@ namespace ImageEditor {
 /// The tab that paints one picture: a canvas with scroll bars, its tools and its colours.
 ///
 /// It knows the picture and the palette, not the document: what changes goes out by imageChanged(),
-/// also when an undo puts a picture back. Its undo commands go on the stack handed in.
+/// also when an undo puts a picture back and when a colour of the palette changes, as the document
+/// does not follow its palette. Its undo commands go on the stack handed in.
 class View : public QWidget, public EditTarget
 {
     Q_OBJECT
@@ -69,6 +70,7 @@ public slots:
 private:
     friend class ViewBuilder;
 
+    void announceImage();
     void pushEdit(const QString &text, const QImage &before, const QImage &after,
                   PixelEditCommand::Kind kind);
     void loadImage(const QString &fileName);

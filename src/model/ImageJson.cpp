@@ -19,6 +19,15 @@ QJsonObject write(const Image &image)
             {"type"_L1, static_cast<int>(image.mode())}};
 }
 
+QByteArray picture(const Image &image)
+{
+    // Without an open editor the document's own colours may be of before a change.
+    QImage picture = image.image();
+    if (image.palette())
+        picture.setColorTable(image.palette()->colourTable());
+    return ArchivePicture::encoded(picture);
+}
+
 bool read(const QJsonObject &object, LoadContext &context)
 {
     const QUuid id = JsonValues::id(object, "id"_L1);

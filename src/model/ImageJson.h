@@ -9,6 +9,8 @@ class Image;
 namespace ImageJson {
 
 QJsonObject write(const Image &image);
+/// The pixels as PNG, in the present colours of the bound palette.
+QByteArray picture(const Image &image);
 /// Makes the image and inserts it into the project.
 [[nodiscard]] bool read(const QJsonObject &object, LoadContext &context);
 

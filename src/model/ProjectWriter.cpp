@@ -76,10 +76,8 @@ QMap<QString, QByteArray> ProjectWriter::entries(bool includeOpenDocuments) cons
         }
     }
     for (const auto &image : m_project->images()) {
-        if (image) {
-            entries.insert(ArchiveNames::image(image->id()),
-                           ArchivePicture::encoded(image->image()));
-        }
+        if (image)
+            entries.insert(ArchiveNames::image(image->id()), ImageJson::picture(*image));
     }
     entries.insert(ArchiveNames::Scratch, ArchivePicture::encoded(m_project->scratchImage()));
     return entries;

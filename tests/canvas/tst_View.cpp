@@ -29,13 +29,18 @@ private slots:
     void undoPutsThePictureBackInTheDocument();
     void colourPicksSetInkAndPaper();
     void pickedPixelsReachTheColours();
+    void pickedPaperReachesTheColours();
     void openAndSaveOpenTheirDialogs_data();
     void openAndSaveOpenTheirDialogs();
     void otherToolsReachTheCanvas();
     void theGridMenuTogglesBothOverlays();
     void theWideScreenHasTallPixels();
     void anExportedPictureKeepsItsColours();
+    void theSaveDialogExports();
+    void anExportThatFailsReportsNothing();
     void anImportReplacesPictureAndColours();
+    void anImportSetsTheColoursInOrder();
+    void theDocumentHasTheColoursOfThePalette();
     void anImportIsNoUndoStepByItself();
     void aFileThatIsNoPictureChangesNothing();
     void cutCopyPasteAndSelections();
@@ -139,6 +144,21 @@ void tst_View::pickedPixelsReachTheColours()
     QCOMPARE(m_stack->count(), 0);
 }
 
+void tst_View::pickedPaperReachesTheColours()
+{
+    QImage picture = m_document->image();
+    picture.setPixel(7, 7, 77);
+    m_view->setImage(picture);
+    m_view->changeMode(Tool::Pick, true);
+
+    Canvas *const canvas = m_view->canvas();
+    QTest::mouseClick(canvas, Qt::RightButton, {}, canvas->cellRect(QRect(7, 7, 1, 1)).center());
+
+    QCOMPARE(m_view->colourPalette()->secondaryIndex(), 77);
+    QCOMPARE(m_view->colourPalette()->primaryIndex(), 0);
+    QCOMPARE(canvas->paper(), 77);
+}
+
 void tst_View::openAndSaveOpenTheirDialogs_data()
 {
     QTest::addColumn<Tool>("tool");
@@ -222,6 +242,27 @@ void tst_View::anExportedPictureKeepsItsColours()
     QCOMPARE(written.pixel(4, 4), qRgb(0, 0, 0));
 }
 
+void tst_View::theSaveDialogExports()
+{
+    const QTemporaryDir folder;
+    m_view->changeMode(Tool::Save, false);
+
+    emit m_view->findChild<QFileDialog *>()->fileSelected(folder.filePath("out.bmp"));
+
+    QCOMPARE(QImage(folder.filePath("out.bmp"), "bmp").size(), QSize(128, 96));
+}
+
+void tst_View::anExportThatFailsReportsNothing()
+{
+    const QTemporaryDir folder;
+
+    m_view->exportImage(folder.filePath("missing/out.png"));
+    m_view->exportImage(folder.filePath("out.nonsense"));
+
+    QVERIFY(!QFile::exists(folder.filePath("out.nonsense")));
+    QVERIFY(!m_view->findChild<QMessageBox *>());
+}
+
 void tst_View::anImportReplacesPictureAndColours()
 {
     const QTemporaryDir folder;
@@ -238,6 +279,49 @@ void tst_View::anImportReplacesPictureAndColours()
     QCOMPARE(m_document->image().pixelIndex(9, 5), 2);
     QCOMPARE(m_palette->colour(1), QColor(255, 0, 0));
     QCOMPARE(m_palette->colour(2), QColor(0, 255, 0));
+}
+
+void tst_View::anImportSetsTheColoursInOrder()
+{
+    const QTemporaryDir folder;
+    QImage picture(10, 6, QImage::Format_Indexed8);
+    picture.setColorTable({qRgb(255, 255, 255), qRgb(255, 0, 0), qRgb(0, 255, 0)});
+    picture.fill(2);
+    QVERIFY(picture.save(folder.filePath("in.png")));
+    QStringList order;
+    connect(m_view.get(), &ImageEditor::View::imageChanged, this, [&order] { order += "image"; });
+    connect(m_palette.get(), &Palette::colourEdited, this,
+            [&order](int index) { order += QString::number(index); });
+
+    m_view->changeMode(Tool::Open, false);
+    emit m_view->findChild<QFileDialog *>()->fileSelected(folder.filePath("in.png"));
+
+    QCOMPARE(order, QStringList({"image", "image", "0", "image", "1", "image", "2"}));
+    QCOMPARE(m_document->image().color(2), qRgb(0, 255, 0));
+    QCOMPARE(m_view->canvas()->image().color(2), qRgb(0, 255, 0));
+    QVERIFY(!m_view->findChild<QMessageBox *>());
+}
+
+void tst_View::theDocumentHasTheColoursOfThePalette()
+{
+    Palette other;
+    QSignalSpy changed(m_view.get(), &ImageEditor::View::imageChanged);
+
+    m_palette->setColour(3, Qt::red, false);
+    QCOMPARE(m_document->image().color(3), qRgb(255, 0, 0));
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(m_stack->count(), 0);
+    m_view->setPalette(&other);
+    m_palette->setColour(3, Qt::white, false);
+    m_view->setPalette(nullptr);
+    other.setColour(3, Qt::white, false);
+    QCOMPARE(changed.count(), 1);
+
+    m_view->setPalette(&other);
+    m_view->setImage(QImage());
+    changed.clear();
+    other.setColour(3, Qt::green, false);
+    QCOMPARE(changed.count(), 0);
 }
 
 void tst_View::anImportIsNoUndoStepByItself()

@@ -38,6 +38,7 @@ private slots:
     void anImageHoldsItsMode();
     void whatIsNotBoundIsWrittenAsTold();
     void theTileSetPictureHoldsAllTilesInThePalettesColours();
+    void anImageHasThePresentColoursOfItsPalette();
     void theTileMapEntryIsTheTileLayer();
 
 private:
@@ -308,6 +309,25 @@ void tst_ProjectWriter::theTileSetPictureHoldsAllTilesInThePalettesColours()
     QCOMPARE(picture.pixelIndex(7, 0), 7);
     QCOMPARE(picture.pixelIndex(2, 8 + 1), 11);     // tile 1: pixel 10 and 1
     QCOMPARE(picture.pixelIndex(0, 4 * 8 + 7), 12); // tile 4: pixel 56 and 4
+}
+
+void tst_ProjectWriter::anImageHasThePresentColoursOfItsPalette()
+{
+    const auto palette = m_project->palettes().first();
+    const auto image = m_project->images().first();
+    image->setPalette(palette);
+    QImage pixels = image->image();
+    pixels.setPixel(1, 0, 9);
+    image->setImage(pixels);
+    palette->setColour(9, QColor(255, 0, 255), false);
+
+    const Entries entries = m_project->archiveEntries(true);
+
+    const QByteArray png = entries.value("images/" + image->id().toString() + ".png");
+    const QImage picture = QImage::fromData(png, "png");
+    QCOMPARE(picture.colorTable(), palette->colourTable());
+    QCOMPARE(picture.pixelIndex(1, 0), 9);
+    QCOMPARE(picture.pixelColor(1, 0), QColor(255, 0, 255));
 }
 
 void tst_ProjectWriter::theTileMapEntryIsTheTileLayer()
