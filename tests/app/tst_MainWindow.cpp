@@ -7,7 +7,9 @@
 #include "model/MapObjects.h"
 #include "model/Palette.h"
 #include "model/Project.h"
+#include "model/Tile.h"
 #include "model/TileSet.h"
+#include "support/TestFiles.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -49,6 +51,7 @@ private slots:
     void closingIsRefusedByThePrompt();
     void nextAndPreviousTileStopAtTheEnds();
     void swappingATileSetsPalette();
+    void aFontGoesIntoTheSetOnDisplay();
     void stateSurvivesARestart();
     void aZoomBeyondItsRangeIsWrittenClamped_data();
     void aZoomBeyondItsRangeIsWrittenClamped();
@@ -517,6 +520,30 @@ void tst_MainWindow::swappingATileSetsPalette()
     emit m_window->views().menuBar->tileMenu()->swapPalette(QUuid::createUuid());
 
     QCOMPARE(map->tileSet()->palette(), palette);
+}
+
+void tst_MainWindow::aFontGoesIntoTheSetOnDisplay()
+{
+    newProject();
+    const auto other = addMap("other")->tileSet();
+    const auto tileSet = addMap()->tileSet();
+    const QString file = m_folder + "/font.ch8";
+    QVERIFY(TestFiles::make(file, QByteArray(8, '\x80')));
+    TileMenu *const menu = m_window->views().menuBar->tileMenu();
+    emit menu->importZXFont(1, 7, 2, 3, file); // no set is on display
+    m_window->documentController()->setActiveTileSet(tileSet->id());
+    m_window->views().tileWindow->setTileIndex(6);
+
+    emit menu->importZXFont(5, 7, 2, 3, file);
+    emit menu->importZXFont(5, 7, 2, 3, file + ".missing");
+
+    QCOMPARE(tileSet->tile(5)->offset(), 3);
+    QCOMPARE(tileSet->tile(5)->image().pixelIndex(0, 0), 7);
+    QCOMPARE(tileSet->tile(5)->image().pixelIndex(1, 0), 2);
+    QCOMPARE(tileSet->tile(4)->offset(), 0);
+    QCOMPARE(other->state(), TileSet(nullptr, 16).state());
+    const auto *const canvas = m_window->views().tileWindow->findChild<Canvas *>();
+    QCOMPARE(canvas->image().pixelIndex(0, 0), 3 * 16 + 7);
 }
 
 void tst_MainWindow::stateSurvivesARestart()

@@ -31,6 +31,48 @@ QImage filledByTheRule(QImage image, QPoint start, int index)
     return image;
 }
 
+/// The ellipse by the book, with a point set one at a time.
+QImage ellipseByTheRule(QImage image, const QRect &rect)
+{
+    const auto plot = [&image](qint64 x, qint64 y) {
+        if (image.valid(int(x), int(y)))
+            image.setPixel(int(x), int(y), 1);
+    };
+    const qint64 a = rect.right() - rect.left();
+    const qint64 b = rect.bottom() - rect.top();
+    const qint64 b1 = b % 2;
+    qint64 dx = 4 * (1 - a) * b * b;
+    qint64 dy = 4 * (b1 + 1) * a * a;
+    qint64 err = dx + dy + b1 * a * a;
+    qint64 y = rect.top() + (b + 1) / 2;
+    qint64 y2 = y - b1;
+    qint64 x0 = rect.left();
+    qint64 x1 = rect.right();
+    const auto plotFour = [&] {
+        for (const qint64 x : {x0, x1}) {
+            plot(x, y);
+            plot(x, y2);
+        }
+    };
+    do {
+        plotFour();
+        const qint64 e2 = 2 * err;
+        if (e2 <= dy) {
+            y += 1;
+            y2 -= 1;
+            err += dy += 8 * a * a;
+        }
+        if (e2 >= dx || 2 * err > dy) {
+            x0 += 1;
+            x1 -= 1;
+            err += dx += 8 * b * b;
+        }
+    } while (x0 <= x1);
+    for (x0 -= 1, x1 += 1; y - y2 <= b; y += 1, y2 -= 1)
+        plotFour();
+    return image;
+}
+
 } // namespace
 
 class tst_Raster : public QObject
@@ -46,6 +88,8 @@ private slots:
     void drawsRectanglesFromAnyCorner();
     void drawsEllipses_data();
     void drawsEllipses();
+    void ellipsesEqualTheRuleInAnyRectangle();
+    void anEllipseTouchesItsRectangle();
     void fillStaysWithinItsAreaAndIsFourConnected();
     void fillWithTheSameIndexDoesNothing();
     void fillOutsideDoesNothing();
@@ -165,6 +209,41 @@ void tst_Raster::drawsEllipses()
     Raster::drawEllipse(image, corner, opposite, 1);
 
     QCOMPARE(rows(image), picture);
+}
+
+void tst_Raster::ellipsesEqualTheRuleInAnyRectangle()
+{
+    const QImage empty = blank(24, 20);
+    for (int right = 3; right < 28; ++right) {
+        for (int bottom = 2; bottom < 24; ++bottom) {
+            const QRect rect(QPoint(3, 2), QPoint(right, bottom));
+            const QImage expected = ellipseByTheRule(empty, rect);
+            QImage image = empty;
+            Raster::drawEllipse(image, rect.topLeft(), rect.bottomRight(), 1);
+            QCOMPARE(rows(image), rows(expected));
+
+            image = empty;
+            Raster::drawEllipse(image, rect.bottomLeft(), rect.topRight(), 1);
+            QCOMPARE(rows(image), rows(expected));
+        }
+    }
+}
+
+void tst_Raster::anEllipseTouchesItsRectangle()
+{
+    for (int right = 0; right < 12; ++right) {
+        for (int bottom = 0; bottom < 12; ++bottom) {
+            QImage image = blank(16, 16);
+            Raster::drawEllipse(image, {2, 1}, {2 + right, 1 + bottom}, 1);
+
+            QRect touched;
+            for (int y = 0; y < 16; ++y) {
+                for (int x = 0; x < 16; ++x)
+                    touched |= image.pixelIndex(x, y) == 1 ? QRect(x, y, 1, 1) : QRect();
+            }
+            QCOMPARE(touched, QRect(QPoint(2, 1), QPoint(2 + right, 1 + bottom)));
+        }
+    }
 }
 
 void tst_Raster::fillStaysWithinItsAreaAndIsFourConnected()
