@@ -185,13 +185,9 @@ void SpriteWindow::showSprite()
 {
     if (!m_sprites)
         return;
-    const QImage image = m_sprites->sprite(m_spriteIndex - 1);
     m_list->setSelectedIndex(m_spriteIndex - 1);
-    if (image.isNull())
-        return;
-
     const QScopedValueRollback loading(m_isLoading, true);
-    m_canvas->setImage(image);
+    m_canvas->setImage(m_sprites->sprite(m_spriteIndex - 1)); // none of a bank without sprites
 }
 
 void SpriteWindow::bankImageChanged(int index)

@@ -7,6 +7,7 @@
 #include "editors/SpriteList.h"
 #include "support/DragEvents.h"
 #include "support/RecordedProject.h"
+#include "support/SpriteBankLog.h"
 #include "support/TestSprites.h"
 #include "uikit/NumberRange.h"
 #include "uikit/ToolPalette.h"
@@ -63,6 +64,9 @@ private slots:
     void theEditMenuDrivesTheCanvas();
     void everyToolIsInSightInASmallDock();
     void aLargeBankIsScrolledByItself();
+    void aBankWithoutSpritesLeavesNothingToPaint();
+    void bankEditsTellInOrder_data();
+    void bankEditsTellInOrder();
 
 private:
     template <typename Widget>
@@ -476,6 +480,61 @@ void tst_SpriteWindow::aLargeBankIsScrolledByItself()
 
     QVERIFY(child<SpriteList>()->height() > 2000);
     QCOMPARE(m_window->scrollArea()->verticalScrollBar()->maximum(), 0);
+}
+
+void tst_SpriteWindow::aBankWithoutSpritesLeavesNothingToPaint()
+{
+    SpriteBank *empty = m_project->project.createSpriteBank(Tessaril::Sprite::EightBit, "Empty",
+                                                            m_project->palette->id());
+    empty->setStrip(QImage());
+
+    m_window->setSprites(empty);
+
+    QVERIFY(child<Canvas>()->image().isNull());
+    QCOMPARE(m_window->spriteIndex(), 1);
+    QTest::mouseClick(child<Canvas>(), Qt::LeftButton, {}, child<Canvas>()->rect().center());
+    for (const Tool tool : {Tool::Flip, Tool::RotateCW, Tool::MoveUp})
+        child<ToolPalette>()->action(tool)->trigger();
+    m_window->selectAll();
+    m_window->cut();
+    QCOMPARE(m_project->stackOf(empty->id())->count(), 0);
+    QVERIFY(!m_window->grab().isNull());
+    m_window->setSprites(m_project->sprites);
+    QCOMPARE(child<Canvas>()->image().pixelIndex(3, 3), 20);
+}
+
+void tst_SpriteWindow::bankEditsTellInOrder_data()
+{
+    using Edit = std::function<void(SpriteList *)>;
+    QTest::addColumn<Edit>("edit");
+    QTest::addColumn<QStringList>("told");
+
+    QTest::newRow("add") << Edit([](SpriteList *l) { emit l->addSprite(); })
+                         << QStringList({"about", "count", "structure Add Sprite"});
+    QTest::newRow("delete") << Edit([](SpriteList *l) {
+        emit l->deleteRequested(1);
+    }) << QStringList({"about", "deleted 1", "count", "structure Delete Sprite"});
+    QTest::newRow("clear") << Edit([](SpriteList *l) { emit l->clearRequested(2); })
+                           << QStringList({"about", "image 2", "structure Clear Sprite"});
+    QTest::newRow("clear none") << Edit([](SpriteList *l) { emit l->clearRequested(4); })
+                                << QStringList({"about", "structure Clear Sprite"});
+    QTest::newRow("copy") << Edit([](SpriteList *l) { emit l->copySprite(0, 2); })
+                          << QStringList({"about", "image 2", "image 0", "structure Copy Sprite"});
+    QTest::newRow("move") << Edit([](SpriteList *l) { emit l->moveSprite(3, 1); })
+                          << QStringList({"about", "image 3", "swapped 3 2", "image 2",
+                                          "swapped 2 1", "image 1", "swapped 1 3", "moved 3 1",
+                                          "structure Move Sprite"});
+}
+
+void tst_SpriteWindow::bankEditsTellInOrder()
+{
+    QFETCH(std::function<void(SpriteList *)>, edit);
+    QFETCH(QStringList, told);
+    SpriteBankLog log(m_project->sprites);
+
+    edit(child<SpriteList>());
+
+    QCOMPARE(log.sent, told);
 }
 
 QTEST_MAIN(tst_SpriteWindow)
