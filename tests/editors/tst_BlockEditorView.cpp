@@ -65,6 +65,8 @@ private slots:
     void aBlockListThatDiesEmptiesTheView();
     void withoutTheTileSetNothingIsDrawn();
     void withoutABlockListItIsEmpty();
+    void makingABlockIsToldInOrder();
+    void deletingABlockIsToldInOrder();
 
 private:
     AnimationEditorWidget *editor() const { return m_view->editor(); }
@@ -389,6 +391,9 @@ void tst_BlockEditorView::changedTilesAreDrawnAnew_data()
                             << 16;
     QTest::newRow("another tile in its place")
         << Change([](RecordedProject &set) { set.tileSet->copyTile(2, 7); }) << 16 + 7;
+    QTest::newRow("a colour of the palette")
+        << Change([](RecordedProject &set) { set.palette->setColour(16 + 2, Qt::white, false); })
+        << 16 + 2;
     QTest::newRow("restored") << Change([](RecordedProject &set) {
         TileSet::State state = set.tileSet->state();
         state[2] = state[4];
@@ -553,6 +558,44 @@ void tst_BlockEditorView::withoutABlockListItIsEmpty()
 
     QCOMPARE(view.animationList()->count(), 0);
     QVERIFY(!view.editor()->isEnabled());
+}
+
+void tst_BlockEditorView::makingABlockIsToldInOrder()
+{
+    QStringList told;
+    const auto tell = [&](const QString &what) {
+        told += QString("%1: %2 blocks, %3")
+                    .arg(what)
+                    .arg(list()->count())
+                    .arg(editor()->animation() ? editor()->animation()->name() : "none");
+    };
+    connect(m_view.get(), &View::animationAdded, this, [&] { tell("added"); });
+    connect(m_set->blocks, &MapObjects::animationsChanged, this, [&] { tell("changed"); });
+
+    m_view->addNewAnimation();
+    m_view->cloneAnimation(m_set->block);
+
+    QCOMPARE(told, QStringList({"changed: 2 blocks, none", "added: 2 blocks, New Object",
+                                "changed: 3 blocks, New Object", "added: 3 blocks, Door (Copy)"}));
+}
+
+void tst_BlockEditorView::deletingABlockIsToldInOrder()
+{
+    select(m_set->block);
+    QStringList told;
+    const auto tell = [&](const QString &what) {
+        told += QString("%1: %2 listed, %3 there")
+                    .arg(what)
+                    .arg(list()->count())
+                    .arg(m_set->blocks->animations().size());
+    };
+    connect(m_view.get(), &View::animationRemoved, this, [&] { tell("removed"); });
+    connect(m_set->blocks, &MapObjects::animationsChanged, this, [&] { tell("changed"); });
+    const Boxes boxes(QMessageBox::Yes);
+
+    pressDelete();
+
+    QCOMPARE(told, QStringList({"removed: 1 listed, 1 there", "changed: 0 listed, 0 there"}));
 }
 
 QTEST_MAIN(tst_BlockEditorView)
