@@ -2,6 +2,8 @@
 
 #include "editors/BlockEditorToolBar.h"
 #include "editors/FrameEditorWidget.h"
+#include "editors/FrameTools.h"
+#include "editors/PreviewTiming.h"
 #include "model/TileSet.h"
 #include "uikit/ToolPalette.h"
 
@@ -14,7 +16,8 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <limits>
+
+using AnimationEditor::previewIntervalMs;
 
 namespace BlockEditor {
 
@@ -44,26 +47,12 @@ AnimationEditorWidget::AnimationEditorWidget(QWidget *parent)
     setAnimation(nullptr);
 }
 
-int AnimationEditorWidget::intervalMs(int delay)
-{
-    // A delay from a file can be anything.
-    const qint64 interval = (std::max<qint64>(delay, 0) * 5 + 5) * 4;
-    return static_cast<int>(std::min<qint64>(interval, std::numeric_limits<int>::max()));
-}
-
 void AnimationEditorWidget::makeToolPalette()
 {
-    m_toolPalette->addButtons({ToolButton::ZoomIn, ToolButton::ZoomOut, ToolButton::RotateCW,
-                               ToolButton::Flip, ToolButton::Mirror, ToolButton::PaintPalette},
-                              this);
-    for (const ToolButton flag : {ToolButton::RotateCW, ToolButton::Flip, ToolButton::Mirror})
-        m_toolPalette->action(flag)->setCheckable(true);
-    QAction *reset = m_toolPalette->action(ToolButton::PaintPalette);
+    AnimationEditor::FrameTools::add(m_toolPalette, m_frameEditor, this);
+    QAction *reset = m_toolPalette->addButton(ToolButton::PaintPalette, this);
     reset->setCheckable(false);
     reset->setToolTip(tr("Update palette offsets to default values"));
-    m_frameEditor->setFrameActions(m_toolPalette->action(ToolButton::RotateCW),
-                                   m_toolPalette->action(ToolButton::Flip),
-                                   m_toolPalette->action(ToolButton::Mirror));
 }
 
 void AnimationEditorWidget::layOut()
@@ -167,7 +156,7 @@ void AnimationEditorWidget::showProperties()
     m_toolBar->showSize(m_animation->size());
     m_toolBar->showDelay(m_animation->delay());
     m_toolBar->showType(m_animation->type());
-    const int interval = intervalMs(m_animation->delay());
+    const int interval = previewIntervalMs(m_animation->delay());
     if (interval != m_timer.interval())
         m_timer.setInterval(interval); // would begin the interval under way again
     m_controls->setFrame(m_frame + 1, m_animation->frameCount());
@@ -185,7 +174,7 @@ void AnimationEditorWidget::setAnimationDelay(int delay)
 {
     if (m_animation)
         m_animation->setDelay(delay);
-    m_timer.setInterval(intervalMs(delay));
+    m_timer.setInterval(previewIntervalMs(delay));
 }
 
 void AnimationEditorWidget::play()
@@ -193,7 +182,7 @@ void AnimationEditorWidget::play()
     if (!m_animation)
         return;
     m_timer.setTimerType(Qt::PreciseTimer);
-    m_timer.setInterval(intervalMs(m_animation->delay()));
+    m_timer.setInterval(previewIntervalMs(m_animation->delay()));
     m_timer.start();
 }
 
@@ -278,41 +267,20 @@ void AnimationEditorWidget::deleteFrame()
 
 void AnimationEditorWidget::selectionChanged()
 {
-    const AnimationFrame::Cell cell = m_frameEditor->selectedCellData();
-    m_toolPalette->action(ToolButton::RotateCW)->setChecked(cell.rotate);
-    m_toolPalette->action(ToolButton::Flip)->setChecked(cell.flip);
-    m_toolPalette->action(ToolButton::Mirror)->setChecked(cell.mirror);
+    AnimationEditor::FrameTools::showSelectedCell(*m_toolPalette, *m_frameEditor);
     // The spin holds less than a cell of a file can: showing an offset must not change it.
     const QSignalBlocker blocker(m_paletteOffsetSpin);
-    m_paletteOffsetSpin->setValue(cell.offset);
+    m_paletteOffsetSpin->setValue(m_frameEditor->selectedCellData().offset);
 }
 
 void AnimationEditorWidget::changeTileState(ToolButton button, bool checked)
 {
-    switch (button) {
-    case ToolButton::ZoomIn:
-        m_frameEditor->zoomIn();
-        break;
-    case ToolButton::ZoomOut:
-        m_frameEditor->zoomOut();
-        break;
-    case ToolButton::RotateCW:
-        m_frameEditor->setRotated(checked);
-        break;
-    case ToolButton::Flip:
-        m_frameEditor->setFlipped(checked);
-        break;
-    case ToolButton::Mirror:
-        m_frameEditor->setMirrored(checked);
-        break;
-    case ToolButton::PaintPalette:
+    if (AnimationEditor::FrameTools::use(m_frameEditor, button, checked))
+        selectionChanged(); // a flag has no effect without a selected cell
+    else if (button == ToolButton::PaintPalette)
         resetPaletteOffsets();
-        break;
-    default:
+    else
         qWarning() << "Unhandled tool button" << button;
-        return;
-    }
-    selectionChanged(); // a flag has no effect without a selected cell
 }
 
 void AnimationEditorWidget::resetPaletteOffsets()

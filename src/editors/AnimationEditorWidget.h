@@ -34,10 +34,6 @@ public:
 
     explicit AnimationEditorWidget(QWidget *parent = nullptr);
 
-    /// The time that a frame stays on show in the preview: 20 ms for a delay of 0, 20 more for each
-    /// that follows.
-    static int intervalMs(int delay);
-
     TileAnimation *animation() const { return m_animation; }
     int currentFrame() const { return m_frame; }
     BlockEditorToolBar *toolBar() const { return m_toolBar; }

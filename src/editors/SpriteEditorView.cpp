@@ -2,6 +2,8 @@
 
 #include "editors/AnimationListWidget.h"
 #include "editors/FrameEditorWidget.h"
+#include "editors/FrameTools.h"
+#include "editors/PreviewTiming.h"
 #include "editors/SpriteDrag.h"
 #include "editors/SpriteEditorToolBar.h"
 #include "editors/SpriteEditorViewBuilder.h"
@@ -10,19 +12,12 @@
 #include "model/SpriteBank.h"
 #include "uikit/ToolPalette.h"
 
-#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QTimer>
 
 namespace SpriteEditor {
-
-namespace {
-
-constexpr int TickMs = 20; // the delay counts these, from one up
-
-} // namespace
 
 View::View(SpriteBank *bank, QWidget *parent)
     : QSplitter(parent)
@@ -38,6 +33,8 @@ View::View(SpriteBank *bank, QWidget *parent)
         connect(m_bank, &SpriteBank::imageChanged, this, &View::spriteChanged);
         connect(m_bank, &SpriteBank::countChanged, this, &View::bankChanged);
         connect(m_bank, &SpriteBank::restored, this, &View::bankChanged);
+        // The only one that tells that the last sprite was cleared.
+        connect(m_bank, &SpriteBank::structureChanged, this, &View::bankChanged);
         connect(m_bank, &SpriteBank::animationsChanged, this, &View::listAnimations);
         connect(m_bank, &QObject::destroyed, m_animationList,
                 &AnimationEditor::AnimationListWidget::clear);
@@ -45,11 +42,6 @@ View::View(SpriteBank *bank, QWidget *parent)
     }
     listAnimations();
     changeAnim(nullptr);
-}
-
-int View::intervalMs(int delay)
-{
-    return TickMs * (delay + 1);
 }
 
 Animation *View::currentAnimation() const
@@ -70,10 +62,9 @@ void View::changeAnim(Animation *animation)
 {
     if (Animation *before = currentAnimation())
         disconnect(before, nullptr, this, nullptr);
-    for (const ToolButton flag : {ToolButton::RotateCW, ToolButton::Flip, ToolButton::Mirror})
-        m_toolPalette->action(flag)->setChecked(false);
     m_toolBar->setAnimation(animation);
     m_frameEditor->setAnimation(animation);
+    updateToolPalette(); // no cell is selected yet
     m_controls->setEnabled(animation != nullptr);
     m_toolPalette->setEnabled(animation != nullptr);
     m_controls->setFrame(1, animation ? animation->frameCount() : 1);
@@ -90,7 +81,7 @@ void View::animationEdited()
     const Animation *animation = currentAnimation();
     if (!animation)
         return;
-    if (m_timer->interval() != intervalMs(animation->delay()))
+    if (m_timer->interval() != AnimationEditor::previewIntervalMs(animation->delay()))
         setAnimationDelay(animation->delay());
     showFrame(m_frameEditor->currentFrame());
 }
@@ -103,7 +94,7 @@ void View::showFrame(int frame)
 
 void View::setAnimationDelay(int delay)
 {
-    m_timer->setInterval(intervalMs(delay));
+    m_timer->setInterval(AnimationEditor::previewIntervalMs(delay));
 }
 
 void View::addAnimation()
@@ -214,33 +205,13 @@ void View::animate()
 
 void View::toolClicked(ToolButton button, bool checked)
 {
-    switch (button) {
-    case ToolButton::ZoomIn:
-        m_frameEditor->zoomIn();
-        break;
-    case ToolButton::ZoomOut:
-        m_frameEditor->zoomOut();
-        break;
-    case ToolButton::Flip:
-        m_frameEditor->setFlipped(checked);
-        break;
-    case ToolButton::Mirror:
-        m_frameEditor->setMirrored(checked);
-        break;
-    case ToolButton::RotateCW:
-        m_frameEditor->setRotated(checked);
-        break;
-    default:
-        break; // not on this palette
-    }
+    if (AnimationEditor::FrameTools::use(m_frameEditor, button, checked))
+        updateToolPalette(); // a flag has no effect without a selected cell
 }
 
 void View::updateToolPalette()
 {
-    const AnimationFrame::Cell cell = m_frameEditor->selectedCellData();
-    m_toolPalette->action(ToolButton::RotateCW)->setChecked(cell.rotate);
-    m_toolPalette->action(ToolButton::Flip)->setChecked(cell.flip);
-    m_toolPalette->action(ToolButton::Mirror)->setChecked(cell.mirror);
+    AnimationEditor::FrameTools::showSelectedCell(*m_toolPalette, *m_frameEditor);
 }
 
 void View::spriteChanged(int)
@@ -257,7 +228,7 @@ void View::updatePalette(int, QColor, bool)
 void View::bankChanged()
 {
     m_frameEditor->redraw();
-    m_animationList->updateIcons();
+    m_iconUpdate.start();
 }
 
 void View::followPalette()

@@ -8,10 +8,10 @@
 #include <QImage>
 #include <QPointer>
 #include <QSplitter>
+#include <QTimer>
 
 class Animation;
 class Palette;
-class QTimer;
 class SpriteBank;
 class ToolPalette;
 
@@ -36,9 +36,6 @@ public:
     using ToolButton = Tessaril::Ui::ToolButton;
 
     explicit View(SpriteBank *bank, QWidget *parent = nullptr);
-
-    /// The time that a frame stays on show while playing; @p delay is an animation's.
-    static int intervalMs(int delay);
 
     QPointer<SpriteBank> bank() const { return m_bank; }
 
@@ -86,6 +83,7 @@ private:
     AnimationEditor::FrameEditorWidget *m_frameEditor = nullptr;
     QTimer *m_timer = nullptr;
     int m_playFrame = 0; // the next to be played
+    QTimer m_iconUpdate; // once for many changes of sprites
 };
 
 } // namespace SpriteEditor

@@ -2,17 +2,16 @@
 
 #include "editors/AnimationListWidget.h"
 #include "editors/FrameEditorWidget.h"
+#include "editors/FrameTools.h"
 #include "editors/SpriteEditorToolBar.h"
 #include "editors/SpriteEditorView.h"
 #include "uikit/ToolPalette.h"
 
-#include <QAction>
 #include <QHBoxLayout>
 #include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
 
-using Tool = Tessaril::Ui::ToolButton;
 using AnimationEditor::AnimationListWidget;
 using AnimationEditor::FrameEditorWidget;
 
@@ -55,16 +54,13 @@ void ViewBuilder::makeChildren()
     m_view->m_controls = new AnimationControlWidget;
     m_view->m_frameEditor = new FrameEditorWidget;
     m_view->m_timer = new QTimer(m_view);
+    m_view->m_iconUpdate.setSingleShot(true);
+    m_view->m_iconUpdate.setInterval(0);
 
     auto *tools = new ToolPalette;
-    tools->addButtons({Tool::ZoomIn, Tool::ZoomOut, Tool::RotateCW, Tool::Flip, Tool::Mirror},
-                      m_view);
-    for (const Tool flag : {Tool::RotateCW, Tool::Flip, Tool::Mirror})
-        tools->action(flag)->setCheckable(true);
+    AnimationEditor::FrameTools::add(tools, m_view->m_frameEditor, m_view);
     tools->setFixedWidth(PaletteWidth);
     m_view->m_toolPalette = tools;
-    m_view->m_frameEditor->setFrameActions(tools->action(Tool::RotateCW), tools->action(Tool::Flip),
-                                           tools->action(Tool::Mirror));
 }
 
 QWidget *ViewBuilder::makeEditorPane()
@@ -103,6 +99,8 @@ void ViewBuilder::connectChildren()
     QObject::connect(view->m_frameEditor, &FrameEditorWidget::currentFrameChanged, view,
                      &View::showFrame);
     QObject::connect(view->m_timer, &QTimer::timeout, view, &View::animate);
+    QObject::connect(&view->m_iconUpdate, &QTimer::timeout, view->m_animationList,
+                     &AnimationListWidget::updateIcons);
 }
 
 } // namespace SpriteEditor

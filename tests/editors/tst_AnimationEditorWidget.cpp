@@ -1,118 +1,35 @@
-#include "editors/AnimationEditorWidget.h"
+#include "editors/BlockEditorToolBar.h"
+#include "editors/BlockPaneFixture.h"
 
-#include "editors/FrameEditorWidget.h"
-#include "editors/MapObjectTypeCombo.h"
-#include "editors/TileDrag.h"
-#include "support/DialogDriver.h"
-#include "support/DragEvents.h"
-#include "support/RecordedProject.h"
-#include "uikit/ToolPalette.h"
-
-#include <QAction>
-#include <QLabel>
+#include <QHBoxLayout>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QScrollArea>
 #include <QSignalSpy>
-#include <QSpinBox>
-#include <QTest>
 #include <QToolButton>
 
-#include <memory>
-
-using AnimationEditor::FrameEditorWidget;
-using BlockEditor::AnimationEditorWidget;
-using Action = AnimationControlWidget::Action;
-using Tool = Tessaril::Ui::ToolButton;
-
-class tst_AnimationEditorWidget : public QObject
+class tst_AnimationEditorWidget : public QObject, private BlockPaneFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { open(); }
+    void cleanup() { close(); }
 
     void withoutABlockItIsDisabled();
     void showsTheBlocksProperties();
-    void opensAtTheFirstFrameAndStandsStill();
-    void repeatsTheDelayOfTheBlock();
-    void theIntervalFollowsTheDelay_data();
-    void theIntervalFollowsTheDelay();
-    void aDelayBeyondAllTimeIsBounded();
     void theToolBarEditsTheBlock();
     void theToolBarLeavesTheBlockBeforeAlone();
     void sizeChangesKeepTheScale();
     void zoomDoublesAndHalvesWithinItsLimits();
-    void theTransportStepsThroughFrames();
-    void framesOutOfRangeAreIgnored();
-    void addAppendsAFrameAndShowsIt();
-    void deleteShowsTheFrameBefore_data();
-    void deleteShowsTheFrameBefore();
-    void deletingTheOnlyFrameLeavesABlankOne();
-    void playPauseAndStopDriveTheTimer();
-    void theTimerPlaysTheFramesRoundAndRound();
-    void theDelayChangesThePlayback();
-    void loopAndPingPongDoNothing();
-    void toolsTurnTheSelectedCell();
-    void toolsWithoutACellStayOff();
-    void aClickShowsTheCellsFlagsAndOffset();
-    void theSpinWritesTheOffset();
-    void showingAnOffsetWritesNothing();
-    void offsetsGoBackToThoseOfTheTiles();
-    void offsetsOfMissingTilesBecomeZero();
-    void offsetsStayWithoutATileSet();
     void otherToolsAreLogged();
-    void droppedTilesAppearInTheFrame();
-    void quickFrameEditsAreOneUndoStep();
     void undoBringsBackWhatIsShown();
     void undoTakesTheFrameOnShow();
     void aBlockWithoutFramesIsHarmless();
     void aDyingBlockDisables();
-
-private:
-    FrameEditorWidget *frames() const { return m_editor->frameEditor(); }
-    QAction *tool(Tool button) const { return m_editor->toolPalette()->action(button); }
-    QSpinBox *spin(const char *name) const
-    {
-        return DialogDriver::field<QSpinBox>(*m_editor, QString::fromLatin1(name));
-    }
-    QString label() const { return m_editor->controls()->findChild<QLabel *>()->text(); }
-    void click(Action action) { m_editor->controls()->action(action)->trigger(); }
-    void addFrames(int count);
-    static QPoint at(QPoint cell) { return cell * 64 + QPoint(32, 32); }
-    void selectCell(QPoint cell) { QTest::mouseClick(frames(), Qt::LeftButton, {}, at(cell)); }
-    AnimationFrame::Cell cell(QPoint position, int frame = 0) const
-    {
-        return m_set->block->frame(frame)->cell(position);
-    }
-
-    std::unique_ptr<RecordedProject> m_set; // the block has 2 by 1 cells and two frames
-    std::unique_ptr<AnimationEditorWidget> m_editor;
+    void toolsAndOffsetStandBesideTheFrame();
+    void theToolsStandInOrder();
+    void anotherBlockEndsTheConnections();
 };
-
-void tst_AnimationEditorWidget::init()
-{
-    m_set = std::make_unique<RecordedProject>();
-    m_set->stacks.setActive(m_set->tileSet->id());
-    m_editor = std::make_unique<AnimationEditorWidget>();
-    m_editor->resize(600, 400);
-    m_editor->show();
-    m_editor->setAnimation(m_set->block);
-}
-
-void tst_AnimationEditorWidget::cleanup()
-{
-    m_editor.reset();
-    m_set.reset();
-}
-
-void tst_AnimationEditorWidget::addFrames(int count)
-{
-    for (int i = 0; i < count; ++i)
-        m_set->block->addFrame();
-    m_set->block->notifyContentChanged();
-}
 
 void tst_AnimationEditorWidget::withoutABlockItIsDisabled()
 {
@@ -156,67 +73,7 @@ void tst_AnimationEditorWidget::showsTheBlocksProperties()
     QCOMPARE(scroller->widget(), editor.frameEditor());
     QCOMPARE(scroller->alignment(), Qt::AlignCenter);
     QVERIFY(scroller->widgetResizable());
-    QCOMPARE(m_set->stackOf(m_set->tileSet->id())->count(), 1); // of this test's own edits
-}
-
-void tst_AnimationEditorWidget::opensAtTheFirstFrameAndStandsStill()
-{
-    click(Action::Last);
-    click(Action::Play);
-
-    m_editor->setAnimation(m_set->block);
-
-    QCOMPARE(m_editor->currentFrame(), 0);
-    QCOMPARE(frames()->currentFrame(), 0);
-    QCOMPARE(label(), QString("Frame 1 of 2"));
-    QVERIFY(!m_editor->timer().isActive());
-}
-
-void tst_AnimationEditorWidget::repeatsTheDelayOfTheBlock()
-{
-    m_set->block->setDelay(3);
-    QSignalSpy delays(m_set->block, &Animation::delayChanged);
-    QSignalSpy sizes(m_set->block, &Animation::sizeChanged);
-    QSignalSpy contents(m_set->block, &Animation::contentChanged);
-
-    m_editor->setAnimation(m_set->block);
-
-    QCOMPARE(delays.count(), 1);
-    QCOMPARE(delays.first().first().toInt(), 3);
-    QCOMPARE(sizes.count() + contents.count(), 0);
-}
-
-void tst_AnimationEditorWidget::theIntervalFollowsTheDelay_data()
-{
-    QTest::addColumn<int>("delay");
-    QTest::addColumn<int>("interval");
-    QTest::newRow("none") << 0 << 20;
-    QTest::newRow("25 fps") << 1 << 40;
-    QTest::newRow("2") << 2 << 60;
-    QTest::newRow("the largest") << 50 << 1020;
-}
-
-void tst_AnimationEditorWidget::theIntervalFollowsTheDelay()
-{
-    QFETCH(int, delay);
-    QFETCH(int, interval);
-
-    m_editor->setAnimationDelay(delay);
-    QCOMPARE(m_editor->timer().interval(), interval);
-    QCOMPARE(m_set->block->delay(), delay);
-
-    AnimationEditorWidget other;
-    other.setAnimation(m_set->block);
-    QCOMPARE(other.timer().interval(), interval);
-    other.play();
-    QCOMPARE(other.timer().interval(), interval);
-}
-
-void tst_AnimationEditorWidget::aDelayBeyondAllTimeIsBounded()
-{
-    QCOMPARE(AnimationEditorWidget::intervalMs(-3), 20);
-    QCOMPARE(AnimationEditorWidget::intervalMs(std::numeric_limits<int>::max()),
-             std::numeric_limits<int>::max());
+    QCOMPARE(stack()->count(), 1); // of this test's own edits
 }
 
 void tst_AnimationEditorWidget::theToolBarEditsTheBlock()
@@ -287,274 +144,6 @@ void tst_AnimationEditorWidget::zoomDoublesAndHalvesWithinItsLimits()
     QCOMPARE(frames()->size(), QSize(2 * 8, 8));
 }
 
-void tst_AnimationEditorWidget::theTransportStepsThroughFrames()
-{
-    addFrames(2);
-    QSignalSpy shown(frames(), &FrameEditorWidget::currentFrameChanged);
-
-    QList<int> current;
-    for (const Action action : {Action::Next, Action::Next, Action::Previous, Action::Last,
-                                Action::Next, Action::First, Action::Previous}) {
-        click(action);
-        current.append(m_editor->currentFrame());
-    }
-
-    QCOMPARE(current, QList<int>({1, 2, 1, 3, 3, 0, 0}));
-    QCOMPARE(shown.count(), 5); // nothing beyond the ends
-    QCOMPARE(label(), QString("Frame 1 of 4"));
-    click(Action::Last);
-    QCOMPARE(frames()->currentFrame(), 3);
-    QCOMPARE(label(), QString("Frame 4 of 4"));
-}
-
-void tst_AnimationEditorWidget::framesOutOfRangeAreIgnored()
-{
-    QSignalSpy shown(frames(), &FrameEditorWidget::currentFrameChanged);
-
-    m_editor->setCurrentFrame(-1);
-    m_editor->setCurrentFrame(2);
-    m_editor->setCurrentFrame(0);
-
-    QCOMPARE(shown.count(), 0);
-    m_editor->setCurrentFrame(1);
-    QCOMPARE(shown.count(), 1);
-    QCOMPARE(m_editor->currentFrame(), 1);
-}
-
-void tst_AnimationEditorWidget::addAppendsAFrameAndShowsIt()
-{
-    QSignalSpy contents(m_set->block, &Animation::contentChanged);
-
-    click(Action::Add);
-
-    QCOMPARE(m_set->block->frameCount(), 3);
-    QCOMPARE(contents.count(), 1);
-    QCOMPARE(m_editor->currentFrame(), 2);
-    QCOMPARE(frames()->currentFrame(), 2);
-    QCOMPARE(label(), QString("Frame 3 of 3"));
-}
-
-void tst_AnimationEditorWidget::deleteShowsTheFrameBefore_data()
-{
-    QTest::addColumn<int>("deleted");
-    QTest::addColumn<int>("shown");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("the first") << 0 << 0 << QString("Frame 1 of 3");
-    QTest::newRow("the second") << 1 << 0 << QString("Frame 1 of 3");
-    QTest::newRow("the third") << 2 << 1 << QString("Frame 2 of 3");
-    QTest::newRow("the last") << 3 << 2 << QString("Frame 3 of 3");
-}
-
-void tst_AnimationEditorWidget::deleteShowsTheFrameBefore()
-{
-    QFETCH(int, deleted);
-    QFETCH(int, shown);
-    QFETCH(QString, text);
-    addFrames(2);
-    const QUuid id = m_set->block->frame(deleted)->id();
-    m_editor->setCurrentFrame(deleted);
-
-    click(Action::Delete);
-
-    QCOMPARE(m_set->block->frameCount(), 3);
-    for (const auto &frame : m_set->block->frames())
-        QVERIFY(frame->id() != id);
-    QCOMPARE(m_editor->currentFrame(), shown);
-    QCOMPARE(frames()->currentFrame(), shown);
-    QCOMPARE(label(), text);
-}
-
-void tst_AnimationEditorWidget::deletingTheOnlyFrameLeavesABlankOne()
-{
-    click(Action::Delete);
-    click(Action::Delete);
-
-    QCOMPARE(m_set->block->frameCount(), 1);
-    QCOMPARE(cell({0, 0}), AnimationFrame::Cell());
-    QCOMPARE(m_editor->currentFrame(), 0);
-    QCOMPARE(label(), QString("Frame 1 of 1"));
-}
-
-void tst_AnimationEditorWidget::playPauseAndStopDriveTheTimer()
-{
-    const QTimer &timer = m_editor->timer();
-    QCOMPARE(timer.parent(), nullptr);
-
-    click(Action::Play);
-    QVERIFY(timer.isActive());
-    QCOMPARE(timer.timerType(), Qt::PreciseTimer);
-    click(Action::Pause);
-    QVERIFY(!timer.isActive());
-    click(Action::Pause);
-    QVERIFY(!timer.isActive());
-    click(Action::Play);
-    QVERIFY(timer.isActive());
-    click(Action::Stop);
-    QVERIFY(!timer.isActive());
-    m_editor->play();
-    m_editor->pause();
-    QVERIFY(!timer.isActive());
-    m_editor->play();
-    m_editor->stop();
-    QVERIFY(!timer.isActive());
-}
-
-void tst_AnimationEditorWidget::theTimerPlaysTheFramesRoundAndRound()
-{
-    addFrames(1);
-    QList<int> shown;
-    connect(frames(), &FrameEditorWidget::currentFrameChanged, this,
-            [&shown](int frame) { shown.append(frame); });
-
-    click(Action::Play);
-    QTRY_VERIFY(shown.size() >= 5);
-    click(Action::Stop);
-
-    QCOMPARE(shown.mid(0, 5), QList<int>({1, 2, 0, 1, 2}));
-    QCOMPARE(label(), QString("Frame %1 of 3").arg(shown.last() + 1));
-    QCOMPARE(m_editor->currentFrame(), shown.last());
-}
-
-void tst_AnimationEditorWidget::theDelayChangesThePlayback()
-{
-    click(Action::Play);
-
-    spin("Delay")->setValue(20);
-
-    QVERIFY(m_editor->timer().isActive());
-    QCOMPARE(m_editor->timer().interval(), 420);
-}
-
-void tst_AnimationEditorWidget::loopAndPingPongDoNothing()
-{
-    const TileAnimation::State before = m_set->block->tileState();
-    m_editor->setCurrentFrame(1);
-
-    m_editor->mediaControlButtonClicked(Action::Loop, true);
-    m_editor->mediaControlButtonClicked(Action::PingPong, true);
-
-    QVERIFY(!m_editor->timer().isActive());
-    QCOMPARE(m_editor->currentFrame(), 1);
-    QCOMPARE(m_set->block->tileState(), before);
-}
-
-void tst_AnimationEditorWidget::toolsTurnTheSelectedCell()
-{
-    selectCell({0, 0}); // flipped
-
-    tool(Tool::RotateCW)->trigger();
-    QCOMPARE(cell({0, 0}), AnimationFrame::Cell({2, 1, true, false, true}));
-    tool(Tool::Mirror)->trigger();
-    QCOMPARE(cell({0, 0}), AnimationFrame::Cell({2, 1, true, true, true}));
-    tool(Tool::Flip)->trigger();
-    QCOMPARE(cell({0, 0}), AnimationFrame::Cell({2, 1, false, true, true}));
-
-    QVERIFY(tool(Tool::RotateCW)->isChecked());
-    QVERIFY(!tool(Tool::Flip)->isChecked());
-    QVERIFY(tool(Tool::Mirror)->isChecked());
-}
-
-void tst_AnimationEditorWidget::toolsWithoutACellStayOff()
-{
-    const TileAnimation::State before = m_set->block->tileState();
-
-    for (const Tool flag : {Tool::RotateCW, Tool::Flip, Tool::Mirror}) {
-        QVERIFY(tool(flag)->isCheckable());
-        tool(flag)->trigger();
-        QVERIFY(!tool(flag)->isChecked());
-    }
-
-    QCOMPARE(m_set->block->tileState(), before);
-}
-
-void tst_AnimationEditorWidget::aClickShowsTheCellsFlagsAndOffset()
-{
-    selectCell({0, 0});
-    QVERIFY(!tool(Tool::RotateCW)->isChecked());
-    QVERIFY(tool(Tool::Flip)->isChecked());
-    QVERIFY(!tool(Tool::Mirror)->isChecked());
-    QCOMPARE(spin("Palette offset")->value(), 1);
-
-    selectCell({1, 0});
-    QVERIFY(tool(Tool::RotateCW)->isChecked());
-    QVERIFY(!tool(Tool::Flip)->isChecked());
-    QVERIFY(tool(Tool::Mirror)->isChecked());
-    QCOMPARE(spin("Palette offset")->value(), 0);
-
-    m_set->block->frame(1)->setCell({1, 0}, {5, 9, true, false, false});
-    click(Action::Next);
-    QVERIFY(!tool(Tool::RotateCW)->isChecked());
-    QVERIFY(tool(Tool::Flip)->isChecked());
-    QCOMPARE(spin("Palette offset")->value(), 9);
-}
-
-void tst_AnimationEditorWidget::theSpinWritesTheOffset()
-{
-    selectCell({1, 0});
-
-    QTest::keyClick(spin("Palette offset"), Qt::Key_Up);
-    QTest::keyClick(spin("Palette offset"), Qt::Key_Up);
-
-    QCOMPARE(cell({1, 0}), AnimationFrame::Cell({5, 2, false, true, true}));
-    QCOMPARE(cell({0, 0}).offset, 1);
-}
-
-void tst_AnimationEditorWidget::showingAnOffsetWritesNothing()
-{
-    m_set->block->frame(0)->setCell({1, 0}, {5, 40, false, false, false});
-    QSignalSpy edits(m_set->block, &Animation::frameChanged);
-
-    selectCell({1, 0});
-    selectCell({0, 0});
-
-    QCOMPARE(cell({1, 0}).offset, 40);
-    QCOMPARE(edits.count(), 0);
-}
-
-void tst_AnimationEditorWidget::offsetsGoBackToThoseOfTheTiles()
-{
-    selectCell({1, 0});
-    QSignalSpy edits(m_set->block, &Animation::frameChanged);
-
-    tool(Tool::PaintPalette)->trigger();
-
-    // Tile i of the set has the offset i; two frames of two cells.
-    QCOMPARE(cell({0, 0}, 0), AnimationFrame::Cell({2, 2, true, false, false}));
-    QCOMPARE(cell({1, 0}, 0), AnimationFrame::Cell({5, 5, false, true, true}));
-    QCOMPARE(cell({0, 0}, 1), AnimationFrame::Cell({3, 3, true, false, false}));
-    QCOMPARE(cell({1, 0}, 1), AnimationFrame::Cell({5, 5, false, true, true}));
-    QList<int> frames;
-    for (const auto &edit : edits)
-        frames.append(edit.first().toInt());
-    QCOMPARE(frames, QList<int>({0, 0, 1, 1}));
-    QCOMPARE(spin("Palette offset")->value(), 5);
-    QVERIFY(!tool(Tool::PaintPalette)->isCheckable());
-    QCOMPARE(m_set->stackOf(m_set->tileSet->id())->count(), 1);
-}
-
-void tst_AnimationEditorWidget::offsetsOfMissingTilesBecomeZero()
-{
-    AnimationFrame *frame = m_set->block->frame(0);
-    frame->setCell({0, 0}, {RecordedProject::TileCount, 3, false, false, false});
-    frame->setCell({1, 0}, {-1, 4, false, false, false});
-
-    tool(Tool::PaintPalette)->trigger();
-
-    QCOMPARE(cell({0, 0}).offset, 0);
-    QCOMPARE(cell({1, 0}).offset, 0);
-    QCOMPARE(cell({0, 0}).index, RecordedProject::TileCount);
-}
-
-void tst_AnimationEditorWidget::offsetsStayWithoutATileSet()
-{
-    const TileAnimation::State before = m_set->block->tileState();
-    m_set->block->setTileSet(nullptr);
-
-    tool(Tool::PaintPalette)->trigger();
-
-    QCOMPARE(m_set->block->tileState(), before);
-}
-
 void tst_AnimationEditorWidget::otherToolsAreLogged()
 {
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^Unhandled tool button"));
@@ -562,57 +151,21 @@ void tst_AnimationEditorWidget::otherToolsAreLogged()
     m_editor->changeTileState(Tool::Draw, true);
 }
 
-void tst_AnimationEditorWidget::droppedTilesAppearInTheFrame()
-{
-    const auto tile = TileDrag::mimeData({6, 4});
-    click(Action::Next);
-
-    QVERIFY(DragEvents::drop(frames(), at({1, 0}), tile.get()));
-
-    QCOMPARE(cell({1, 0}, 1), AnimationFrame::Cell({6, 4, false, true, true}));
-    QCOMPARE(frames()->selectedCell(), QPoint(1, 0));
-    QCOMPARE(spin("Palette offset")->value(), 4);
-}
-
-void tst_AnimationEditorWidget::quickFrameEditsAreOneUndoStep()
-{
-    QUndoStack *const stack = m_set->stackOf(m_set->tileSet->id());
-    const TileAnimation::State before = m_set->block->tileState();
-    const auto first = TileDrag::mimeData({6, 4});
-    const auto second = TileDrag::mimeData({7, 0});
-
-    DragEvents::drop(frames(), at({0, 0}), first.get());
-    m_set->wait(100);
-    DragEvents::drop(frames(), at({1, 0}), second.get());
-    QCOMPARE(stack->count(), 1);
-    QCOMPARE(stack->undoText(), QString("Edit Frames"));
-    const TileAnimation::State between = m_set->block->tileState();
-    m_set->wait(101);
-    tool(Tool::Flip)->trigger();
-
-    QCOMPARE(stack->count(), 2);
-    stack->undo();
-    QCOMPARE(m_set->block->tileState(), between);
-    stack->undo();
-    QCOMPARE(m_set->block->tileState(), before);
-}
-
 void tst_AnimationEditorWidget::undoBringsBackWhatIsShown()
 {
-    QUndoStack *const stack = m_set->stackOf(m_set->tileSet->id());
     QTest::keyClick(m_editor->findChild<MapObjectTypeCombo *>(), Qt::Key_Down);
     spin("Delay")->setValue(3);
     spin("Width in tiles")->setValue(4);
-    QCOMPARE(stack->count(), 1);
+    QCOMPARE(stack()->count(), 1);
 
-    stack->undo();
+    stack()->undo();
     QCOMPARE(m_editor->findChild<MapObjectTypeCombo *>()->currentIndex(), 0);
     QCOMPARE(spin("Delay")->value(), 0);
     QCOMPARE(spin("Width in tiles")->value(), 2);
     QCOMPARE(m_editor->timer().interval(), 20);
-    QVERIFY(!stack->canUndo());
+    QVERIFY(!stack()->canUndo());
 
-    stack->redo();
+    stack()->redo();
     QCOMPARE(m_editor->findChild<MapObjectTypeCombo *>()->currentIndex(), 1);
     QCOMPARE(m_editor->timer().interval(), 80);
     QCOMPARE(frames()->size(), QSize(4 * 64, 64));
@@ -620,15 +173,14 @@ void tst_AnimationEditorWidget::undoBringsBackWhatIsShown()
 
 void tst_AnimationEditorWidget::undoTakesTheFrameOnShow()
 {
-    QUndoStack *const stack = m_set->stackOf(m_set->tileSet->id());
     click(Action::Add);
     QCOMPARE(label(), QString("Frame 3 of 3"));
 
-    stack->undo();
+    stack()->undo();
     QCOMPARE(m_editor->currentFrame(), 1);
     QCOMPARE(label(), QString("Frame 2 of 2"));
 
-    stack->redo();
+    stack()->redo();
     QCOMPARE(label(), QString("Frame 2 of 3"));
 }
 
@@ -661,6 +213,60 @@ void tst_AnimationEditorWidget::aDyingBlockDisables()
     QCOMPARE(m_editor->animation(), nullptr);
     QVERIFY(!m_editor->timer().isActive());
     QVERIFY(!m_editor->grab().isNull());
+}
+
+void tst_AnimationEditorWidget::toolsAndOffsetStandBesideTheFrame()
+{
+    const auto *row = qobject_cast<QHBoxLayout *>(m_editor->layout());
+    QVERIFY(row);
+    QCOMPARE(row->count(), 2);
+    const auto *side = qobject_cast<QVBoxLayout *>(row->itemAt(0)->layout());
+    const auto *main = qobject_cast<QVBoxLayout *>(row->itemAt(1)->layout());
+    QVERIFY(side && main);
+
+    QCOMPARE(side->spacing(), 2);
+    QCOMPARE(side->count(), 4);
+    QCOMPARE(side->itemAt(0)->widget(), m_editor->toolPalette());
+    QCOMPARE(side->itemAt(1)->spacerItem()->sizeHint().height(), 5);
+    QCOMPARE(side->itemAt(2)->widget(), spin("Palette offset"));
+    QCOMPARE(side->stretch(3), 1000);
+    QCOMPARE(main->spacing(), 2);
+    QCOMPARE(main->count(), 3);
+    QCOMPARE(main->itemAt(0)->widget(), m_editor->toolBar());
+    const QWidget *scroller = main->itemAt(1)->widget();
+    QCOMPARE(scroller, m_editor->findChild<QScrollArea *>());
+    QCOMPARE(scroller->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding));
+    QCOMPARE(main->itemAt(2)->widget(), m_editor->controls());
+}
+
+void tst_AnimationEditorWidget::theToolsStandInOrder()
+{
+    QStringList texts;
+    for (const QToolButton *one : m_editor->toolPalette()->findChildren<QToolButton *>())
+        texts.append(one->defaultAction()->text());
+
+    QCOMPARE(texts, QStringList({"Increase Magnification", "Decrease Magnification", "Rotate CW",
+                                 "Flip", "Mirror", "Palette"}));
+    for (const Tool plain : {Tool::ZoomIn, Tool::ZoomOut, Tool::PaintPalette})
+        QVERIFY(!tool(plain)->isCheckable());
+}
+
+void tst_AnimationEditorWidget::anotherBlockEndsTheConnections()
+{
+    const QPointer<TileAnimation> door = m_set->block;
+    m_editor->setAnimation(nullptr);
+    const TileAnimation::State before = door->tileState();
+    QSignalSpy delays(door, &Animation::delayChanged);
+
+    emit m_editor->toolBar()->nameChanged("Gate");
+    emit m_editor->toolBar()->widthChanged(9);
+    emit m_editor->toolBar()->heightChanged(9);
+    emit m_editor->toolBar()->delayChanged(9);
+    emit m_editor->toolBar()->blockTypeChanged(MapObjectType::HorizontalPlatform);
+
+    QCOMPARE(door->tileState(), before);
+    QCOMPARE(door->name(), QString("Door"));
+    QCOMPARE(delays.count(), 0);
 }
 
 QTEST_MAIN(tst_AnimationEditorWidget)
