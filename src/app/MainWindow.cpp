@@ -41,7 +41,6 @@ MainWindow::MainWindow(QWidget *parent)
     , m_projectController(this, m_menuBar.fileMenu())
     , m_state(this)
     , m_preferences(this)
-    , m_tileAnimationDialog(this)
     , m_messageDialog(this)
     , m_updateDialog(this)
     , _updates(

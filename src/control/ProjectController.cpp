@@ -12,11 +12,7 @@ ProjectController::ProjectController(QWidget *mainWindow, FileMenu *fileMenu)
     , m_mainWindow(mainWindow)
     , m_fileMenu(fileMenu)
     , m_store(this)
-    , m_saveDialog(new QFileDialog(mainWindow, tr("Save project"), QString(),
-                                   tr("Project file (*.tessaril)")))
 {
-    m_saveDialog->setAcceptMode(QFileDialog::AcceptSave);
-    m_saveDialog->setDefaultSuffix(QStringLiteral("tessaril"));
 }
 
 ProjectController::~ProjectController() = default;
@@ -39,6 +35,13 @@ int ProjectController::askAboutChanges(const QString &name)
 
 QString ProjectController::askForPath()
 {
+    if (!m_saveDialog) {
+        // At its first use: a file dialog reads its folder at once, which the start can do without.
+        m_saveDialog = new QFileDialog(m_mainWindow, tr("Save project"), QString(),
+                                       tr("Project file (*.tessaril)"));
+        m_saveDialog->setAcceptMode(QFileDialog::AcceptSave);
+        m_saveDialog->setDefaultSuffix(QStringLiteral("tessaril"));
+    }
     if (m_saveDialog->exec() != QDialog::Accepted)
         return {};
     return m_saveDialog->selectedFiles().value(0);

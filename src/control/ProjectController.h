@@ -87,6 +87,6 @@ private:
     QPointer<FileMenu> m_fileMenu;
     ProjectStore m_store;
     QPointer<Project> m_project;
-    QByteArray m_cleanDigest; // of the store, at the last clean point
-    QFileDialog *m_saveDialog;
+    QByteArray m_cleanDigest;            // of the store, at the last clean point
+    QFileDialog *m_saveDialog = nullptr; // of the main window
 };

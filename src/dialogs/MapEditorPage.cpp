@@ -48,12 +48,9 @@ MapEditorPage::MapEditorPage(QWidget *parent)
     , m_overlayGrid(new QCheckBox)
     , m_gridSize(makeSpin(8, 256, 8, 8))
     , m_defaultZoom(makeSpin(1, 8, 1, 4))
-    , m_colourDialog(new QColorDialog(this))
 {
     m_checkerBoard->setChecked(true);
     m_overlayGrid->setChecked(true);
-    m_colourDialog->setModal(true);
-    connect(m_colourDialog, &QColorDialog::colorSelected, this, &MapEditorPage::takePickedColour);
 
     addHeader(tr("Map Editor"));
     addRow(tr("Render checker board beneath maps"), m_checkerBoard);
@@ -126,6 +123,13 @@ void MapEditorPage::showSwatch(QPushButton *button, const QColor &colour)
 void MapEditorPage::showColourPicker(int index)
 {
     m_pickedIndex = index;
+    if (!m_colourDialog) {
+        // At its first use, as it would weigh on the start of the program.
+        m_colourDialog = new QColorDialog(this);
+        m_colourDialog->setModal(true);
+        connect(m_colourDialog, &QColorDialog::colorSelected, this,
+                &MapEditorPage::takePickedColour);
+    }
     m_colourDialog->setCurrentColor(index == FirstColour ? m_gridColour1 : m_gridColour2);
     m_colourDialog->open();
     // The dialog takes the release of the press that opened it.

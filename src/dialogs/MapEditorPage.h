@@ -46,7 +46,7 @@ private:
     QCheckBox *m_overlayGrid;
     QSpinBox *m_gridSize;
     QSpinBox *m_defaultZoom;
-    QColorDialog *m_colourDialog;
+    QColorDialog *m_colourDialog = nullptr; // made when first asked for
     QColor m_gridColour1;
     QColor m_gridColour2;
     int m_pickedIndex = 0; // of the colour that the open dialog is for

@@ -22,7 +22,7 @@ constexpr int PageStretch = 100000; // the page takes all that the list leaves
 
 PreferencesDialog::PreferencesDialog(QWidget *parent)
     : QDialog(parent)
-    , m_buttons(new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel))
+    , m_buttons(new QDialogButtonBox)
     , m_list(new QListWidget)
     , m_stack(new QStackedWidget)
     , m_general(new GeneralPage)
@@ -108,6 +108,14 @@ void PreferencesDialog::reject()
     restore(m_snapshot);
     m_snapshot = {};
     QDialog::reject();
+}
+
+bool PreferencesDialog::event(QEvent *event)
+{
+    // Before the first show only: the icons of the buttons would be a sixth of the program's start.
+    if (event->type() == QEvent::Polish)
+        m_buttons->setStandardButtons(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
+    return QDialog::event(event);
 }
 
 void PreferencesDialog::showEvent(QShowEvent *event)

@@ -36,6 +36,7 @@ public slots:
     void reject() override;
 
 protected:
+    bool event(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private slots:

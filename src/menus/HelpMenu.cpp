@@ -17,9 +17,19 @@ HelpMenu::HelpMenu(QWidget *parent)
 
 About *HelpMenu::about()
 {
-    if (!m_about)
+    if (!m_about) {
         m_about = new About(MenuDialogs::parentFor(this));
+        m_about->setUpdateStatus(m_updateStatus);
+        connect(m_about, &About::checkForUpdates, this, &HelpMenu::checkFromAbout);
+    }
     return m_about;
+}
+
+void HelpMenu::setUpdateStatus(const QString &text)
+{
+    m_updateStatus = text;
+    if (m_about)
+        m_about->setUpdateStatus(text);
 }
 
 void HelpMenu::setUpdateCheckEnabled(bool enabled)

@@ -5,6 +5,15 @@
 
 #include <QDateTime>
 
+#include <chrono>
+
+namespace {
+
+// The network's own start, a sixth of the program's, would delay the first paint.
+constexpr std::chrono::milliseconds StartPause(200);
+
+} // namespace
+
 UpdateController::UpdateController(GeneralPage *page, const Update::Build &build,
                                    std::function<void()> persist, QObject *parent)
     : QObject(parent)
@@ -15,6 +24,9 @@ UpdateController::UpdateController(GeneralPage *page, const Update::Build &build
     , m_checker(build.version)
 {
     qRegisterMetaType<Update::Release>();
+    m_startPause.setSingleShot(true);
+    m_startPause.setInterval(StartPause);
+    connect(&m_startPause, &QTimer::timeout, this, &UpdateController::fetch);
     connect(&m_checker, &Update::UpdateChecker::fetched, this, &UpdateController::evaluate);
     connect(&m_checker, &Update::UpdateChecker::failed, this,
             [this](const QString &error) { emit checkFailed(error, origin); });
@@ -28,7 +40,13 @@ void UpdateController::checkAtStart()
     if (!Update::isCheckDue(m_page->lastUpdateCheck(), m_page->updateInterval(), today))
         return;
     origin = Origin::StartUp;
-    fetch();
+    m_startPause.start();
+}
+
+void UpdateController::fetch()
+{
+    m_startPause.stop();
+    m_checker.fetch();
 }
 
 void UpdateController::skipVersion(QString version)

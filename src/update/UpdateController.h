@@ -5,6 +5,7 @@
 
 #include <QDate>
 #include <QObject>
+#include <QTimer>
 
 #include <functional>
 
@@ -38,9 +39,12 @@ public:
     /// Replaces the clock, which is the UTC date.
     void setToday(std::function<QDate()> today) { m_today = std::move(today); }
 
-    /// Fetches with origin StartUp if the preferences ask for a check and one is due.
+    /// Takes origin StartUp and fetches if the preferences ask for a check and one is due. The
+    /// request waits for a moment, so that the first paint of the window does not; whoever fetches
+    /// meanwhile replaces it.
     void checkAtStart();
-    void fetch() { m_checker.fetch(); }
+    bool isStartCheckWaiting() const { return m_startPause.isActive(); }
+    void fetch();
 
 signals:
     void updateAvailable(Update::Release release, UpdateController::Origin origin);
@@ -59,4 +63,5 @@ private:
     std::function<void()> m_persist;
     std::function<QDate()> m_today;
     Update::UpdateChecker m_checker;
+    QTimer m_startPause;
 };

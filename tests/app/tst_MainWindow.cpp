@@ -9,6 +9,7 @@
 #include "model/Project.h"
 #include "model/Tile.h"
 #include "model/TileSet.h"
+#include "support/DialogDriver.h"
 #include "support/TestFiles.h"
 
 #include <QComboBox>
@@ -16,6 +17,7 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLineEdit>
 #include <QStatusBar>
 #include <QTest>
 #include <QToolBar>
@@ -354,7 +356,10 @@ void tst_MainWindow::aBlockListOpensInATab()
     Project *const project = newProject();
     const auto tileSet = project->createTileSet("castle", QUuid(), 16);
 
-    emit m_window->findChild<TileAnimationDialog *>()->accepted("lifts", tileSet->id());
+    m_window->views().menuBar->tileMenu()->displayAnimDialog();
+    auto *const dialog = m_window->findChild<TileAnimationDialog *>();
+    DialogDriver::field<QLineEdit>(*dialog, "Name")->setText("lifts");
+    DialogDriver::pressOk(*dialog);
 
     QCOMPARE(m_window->views().tabs->count(), 1);
     QCOMPARE(m_window->views().tabs->tabText(0), QString("lifts"));

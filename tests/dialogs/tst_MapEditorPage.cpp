@@ -145,10 +145,10 @@ void tst_MapEditorPage::aPressOnASwatchAsksForItsColour()
     QFETCH(QColor, second);
     MapEditorPage page;
     page.show();
-    auto *picker = page.findChild<QColorDialog *>();
     const QColor before = index == 0 ? page.gridColour1() : page.gridColour2();
 
     QTest::mousePress(swatch(page, index), Qt::LeftButton);
+    auto *picker = page.findChild<QColorDialog *>();
     QVERIFY(picker->isVisible());
     QVERIFY(picker->isModal());
     QCOMPARE(picker->currentColor(), before);
@@ -165,8 +165,8 @@ void tst_MapEditorPage::cancellingThePickerChangesNothing()
 {
     MapEditorPage page;
     page.show();
-    auto *picker = page.findChild<QColorDialog *>();
     page.showColourPicker(1);
+    auto *picker = page.findChild<QColorDialog *>();
 
     picker->setCurrentColor(QColor(1, 2, 3));
     DialogDriver::pressCancel(*picker);

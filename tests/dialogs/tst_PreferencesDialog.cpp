@@ -39,7 +39,7 @@ QSpinBox *tst_PreferencesDialog::gridSize(const PreferencesDialog &dialog)
 
 void tst_PreferencesDialog::listsItsPages()
 {
-    const PreferencesDialog dialog;
+    PreferencesDialog dialog;
     const auto *list = dialog.findChild<QListWidget *>();
 
     QCOMPARE(dialog.windowTitle(), QStringLiteral("Preferences"));
@@ -52,6 +52,7 @@ void tst_PreferencesDialog::listsItsPages()
     QCOMPARE(list->iconSize(), QSize(24, 24));
     QCOMPARE(list->currentRow(), 0);
     QCOMPARE(dialog.findChild<QStackedWidget *>()->currentWidget(), dialog.generalPage());
+    dialog.show();
     const auto *buttons = dialog.findChild<QDialogButtonBox *>();
     QVERIFY(buttons->button(QDialogButtonBox::Save));
     QVERIFY(buttons->button(QDialogButtonBox::Cancel));
@@ -76,7 +77,7 @@ void tst_PreferencesDialog::aClickInTheListChangesThePage()
 
 void tst_PreferencesDialog::theSnapshotHoldsAMemberForEachPage()
 {
-    const PreferencesDialog dialog;
+    PreferencesDialog dialog;
 
     const QJsonObject all = dialog.snapshot().object();
 

@@ -17,6 +17,7 @@ private slots:
     void init();
     void startChecksOnlyWhenDueAndWanted_data();
     void startChecksOnlyWhenDueAndWanted();
+    void aQuestionReplacesTheCheckAtStart();
     void aNewerReleaseIsOffered();
     void everyCompletedCheckIsDatedBeforeTheFeedIsRead_data();
     void everyCompletedCheckIsDatedBeforeTheFeedIsRead();
@@ -91,11 +92,26 @@ void tst_UpdateController::startChecksOnlyWhenDueAndWanted()
 
     m_controller->checkAtStart();
 
+    QCOMPARE(m_controller->isStartCheckWaiting(), checks);
     if (checks) {
         QTRY_COMPARE(m_upToDate->count(), 1);
         QCOMPARE(m_upToDate->first().first().value<Origin>(), Origin::StartUp);
     }
     QCOMPARE(m_server->requests().size(), checks ? 1 : 0);
+}
+
+void tst_UpdateController::aQuestionReplacesTheCheckAtStart()
+{
+    m_server->setAnswer(feed("0.7.0.0"));
+    m_controller->checkAtStart();
+    m_controller->origin = Origin::Menu;
+
+    m_controller->fetch();
+
+    QVERIFY(!m_controller->isStartCheckWaiting());
+    QTRY_COMPARE(m_upToDate->count(), 1);
+    QCOMPARE(m_upToDate->first().first().value<Origin>(), Origin::Menu);
+    QCOMPARE(m_server->requests().size(), 1);
 }
 
 void tst_UpdateController::aNewerReleaseIsOffered()
