@@ -1,8 +1,10 @@
 #include "examples/Scene.h"
 
+#include "examples/BankDealer.h"
 #include "formats/PictureImport.h"
 #include "model/Map.h"
 #include "model/MapObjects.h"
+#include "model/Palette.h"
 #include "model/Project.h"
 #include "model/Tile.h"
 #include "model/TileAnimation.h"
@@ -84,6 +86,10 @@ QPointer<Map> Scene::makeMap(Project *project, const QString &name) const
         return nullptr;
     }
 
+    if (!BankDealer::deal(outcome.tileSet, outcome.tileCount, outcome.palette, outcome.map)) {
+        std::fprintf(stderr, "%s: too many colours\n", qPrintable(name));
+        return nullptr;
+    }
     const TileMap &layer = *outcome.map->tileLayer();
     for (const Mark &mark : m_marks) {
         Tile *tile = outcome.tileSet->tile(layer.cell(mark.cell).index);

@@ -35,6 +35,8 @@ private slots:
     void theLevelIsPlayed();
     void theLevelTellsTheGameWhatItsTilesAre();
     void theIslandIsCutIntoFewTiles();
+    void noTileUsesTheTransparentValue_data();
+    void noTileUsesTheTransparentValue();
     void theTitleUsesManyColours();
     void anUnknownExampleIsNotMade();
 
@@ -170,6 +172,24 @@ void tst_Examples::theIslandIsCutIntoFewTiles()
 
     QVERIFY(used.size() > 200);
     QVERIFY(used.size() < 450); // of 3,072 cells
+}
+
+void tst_Examples::noTileUsesTheTransparentValue_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("level") << "lantern-hollow";
+    QTest::newRow("island") << "saltmere";
+}
+
+void tst_Examples::noTileUsesTheTransparentValue()
+{
+    QFETCH(QString, name);
+    const std::unique_ptr<Project> project = Examples::make(name);
+
+    for (const Tile *tile : project->tileSets().value(0)->tiles()) {
+        for (int pixel = 0; pixel < 64; ++pixel)
+            QVERIFY(tile->image().pixelIndex(pixel % 8, pixel / 8) < 15);
+    }
 }
 
 void tst_Examples::theTitleUsesManyColours()
