@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStackedWidget>
 
 namespace {
@@ -9,11 +10,22 @@ namespace {
 constexpr int PlaceholderPage = 0;
 constexpr int ContentPage = 1;
 
+/// Asks for room beside the content for the vertical bar, without which that bar would bring the
+/// horizontal one along.
+class ContentArea : public QScrollArea
+{
+public:
+    QSize sizeHint() const override
+    {
+        return QScrollArea::sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+    }
+};
+
 } // namespace
 
 DockWidget::DockWidget(QWidget *parent)
     : QDockWidget(parent)
-    , m_scrollArea(new QScrollArea)
+    , m_scrollArea(new ContentArea)
     , m_stack(new QStackedWidget(this))
     , m_placeholder(new QLabel)
 {

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QTest>
 
@@ -16,6 +17,7 @@ private slots:
     void thePlaceholderIsPaintedInTheMiddle();
     void switchesBetweenPlaceholderAndContent();
     void theContentFillsTheScrollArea();
+    void theWidthAskedForHasRoomForTheVerticalBar();
     void aNewContentReplacesTheOldOne();
 };
 
@@ -104,6 +106,21 @@ void tst_DockWidget::theContentFillsTheScrollArea()
 
     QCOMPARE(dock.scrollArea()->widget(), content);
     QCOMPARE(content->size(), dock.scrollArea()->viewport()->size());
+}
+
+void tst_DockWidget::theWidthAskedForHasRoomForTheVerticalBar()
+{
+    DockWidget dock;
+    auto *content = new QLabel;
+    content->setPixmap(QPixmap(400, 1000));
+    dock.setContentWidget(content);
+    dock.showContent();
+
+    dock.resize(dock.sizeHint().width(), 150);
+    dock.show();
+
+    QVERIFY(dock.scrollArea()->verticalScrollBar()->isVisible());
+    QCOMPARE(dock.scrollArea()->viewport()->width(), content->width());
 }
 
 void tst_DockWidget::aNewContentReplacesTheOldOne()
