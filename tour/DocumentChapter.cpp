@@ -11,7 +11,6 @@
 #include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTimer>
 #include <QTreeWidgetItemIterator>
 
 namespace {
@@ -59,27 +58,11 @@ void openFromTree(WindowTour &tour, const QUuid &id)
 void chooseInTree(WindowTour &tour, const QUuid &id, const QString &text)
 {
     const QPoint at = place(tour, id);
-    bool done = false;
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        if (!menu)
-            return;
-        timer.stop();
-        for (QAction *const action : menu->actions()) {
-            if (action->text() == text) {
-                done = true;
-                menu->setActiveAction(action);
-                QTest::keyClick(menu, Qt::Key_Return);
-                return;
-            }
-        }
-        menu->close();
+    const bool done = tour.chooseInPopup(text, [&tour, at] {
+        QWidget *const area = tour.views().projectWindow->tree()->viewport();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, area->mapToGlobal(at));
+        QApplication::sendEvent(area, &event);
     });
-    timer.start(0);
-    QWidget *const area = tour.views().projectWindow->tree()->viewport();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, at, area->mapToGlobal(at));
-    QApplication::sendEvent(area, &event);
     tour.check(done, QStringLiteral("has %1 in its menu").arg(text));
 }
 

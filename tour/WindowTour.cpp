@@ -4,6 +4,7 @@
 
 #include <QFileDialog>
 #include <QMenu>
+#include <QTimer>
 
 WindowTour::WindowTour(Tour &tour)
     : m_tour(tour)
@@ -17,9 +18,17 @@ WindowTour::WindowTour(Tour &tour)
     controller->_savePath = [this] { return m_projectFile; };
     m_window.resize(1280, 900);
     m_window.show();
-    m_window.activateWindow();
     setSubject(QStringLiteral("window"));
-    check(QTest::qWaitForWindowActive(&m_window), QStringLiteral("opens"));
+    activate();
+    check(m_window.isActiveWindow(), QStringLiteral("opens"));
+}
+
+void WindowTour::activate()
+{
+    if (!m_window.isActiveWindow()) {
+        m_window.activateWindow();
+        static_cast<void>(QTest::qWaitForWindowActive(&m_window));
+    }
 }
 
 bool WindowTour::check(bool holds, const QString &what)
@@ -44,6 +53,40 @@ bool WindowTour::chooseFile(const QString &file)
     if (dialog)
         FileDialogs::choose(dialog, file);
     return dialog;
+}
+
+bool WindowTour::chooseInPopup(const QString &text, const std::function<void()> &open)
+{
+    bool chosen = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (!menu)
+            return;
+        timer.stop();
+        for (QAction *const action : menu->actions()) {
+            if (action->text() == text && action->isEnabled()) {
+                chosen = true;
+                menu->setActiveAction(action);
+                QTest::keyClick(menu, Qt::Key_Return);
+                return;
+            }
+        }
+        menu->close();
+    });
+    timer.start(0);
+    open();
+    static_cast<void>(QTest::qWaitFor([&timer] { return !timer.isActive(); }));
+    return chosen;
+}
+
+void WindowTour::pictures(const QString &name, QWidget *widget)
+{
+    picture(name, widget);
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(0x3a3a3a), QColor(0x2b2b2b)));
+    picture(name + QStringLiteral("-dark"), widget);
+    QApplication::setPalette(before);
 }
 
 void WindowTour::picture(const QString &name, QWidget *widget)

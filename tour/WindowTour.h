@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QTest>
 
+#include <functional>
+
 class QAction;
 class QMenu;
 
@@ -33,8 +35,13 @@ public:
     bool choose(const QMenu *menu, const QString &text);
     bool undo() { return choose(views().menuBar->editMenu(), QStringLiteral("Undo")); }
     bool redo() { return choose(views().menuBar->editMenu(), QStringLiteral("Redo")); }
+    /// Makes the window the active one again, as a window manager does when a dialog closes.
+    void activate();
     /// Types @p file into the file dialog on the screen.
     bool chooseFile(const QString &file);
+    /// Does @p open, which shows a context menu, and presses its entry @p text; false if there is
+    /// none, or it is off.
+    bool chooseInPopup(const QString &text, const std::function<void()> &open);
 
     /// The dialog of that kind on the screen, after a while; null and a failed row if there is
     /// none.
@@ -57,6 +64,8 @@ public:
 
     /// Saves a picture of @p widget, or of the whole window, as "window-NAME.png".
     void picture(const QString &name, QWidget *widget = nullptr);
+    /// The same in light colours and, as "window-NAME-dark.png", in dark ones.
+    void pictures(const QString &name, QWidget *widget = nullptr);
 
 private:
     Tour &m_tour;

@@ -1,6 +1,8 @@
 #include "app/Identity.h"
 #include "formats/FileBytes.h"
-#include "tour/WindowTour.h"
+#include "tour/PaintDesk.h"
+
+#include <QFileInfo>
 
 #include <cstdio>
 
@@ -26,6 +28,9 @@ void tourWindow(Tour &tour, const QString &reader)
     WindowTour window(tour);
     shellChapter(window, reader);
     documentChapter(window);
+    paintingChapter(window);
+    tileChapter(window);
+    fontChapter(window, QFileInfo(reader).dir().filePath(QStringLiteral("charset.py")));
 }
 
 } // namespace
