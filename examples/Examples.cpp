@@ -4,6 +4,7 @@
 #include "examples/StableIds.h"
 #include "model/Map.h"
 #include "model/MapObjects.h"
+#include "model/Palette.h"
 #include "model/Project.h"
 #include "model/SpriteBank.h"
 #include "store/ProjectArchive.h"
@@ -40,6 +41,15 @@ QStringList tabsOf(const Project &project)
     return ids;
 }
 
+/// The palette whose name comes first; without one a load would take any.
+QUuid firstPalette(const Project &project)
+{
+    QMap<QString, QUuid> ids;
+    for (const auto &palette : project.palettes())
+        ids.insert(palette->name(), palette->id());
+    return ids.isEmpty() ? QUuid() : ids.first();
+}
+
 } // namespace
 
 QStringList Examples::names()
@@ -56,6 +66,7 @@ std::unique_ptr<Project> Examples::make(const QString &name)
     Project project;
     project.setName(name);
     maker(&project);
+    project.setScratchPaletteId(firstPalette(project));
     project.setOpenDocuments(tabsOf(project));
     return StableIds::copyOf(project);
 }
