@@ -40,5 +40,6 @@ std::vector<Bench::Row> Bench::allRows()
     addProjectRows(&rows);
     addPaintingRows(&rows);
     addCanvasRows(&rows);
+    addImportRows(&rows);
     return rows;
 }

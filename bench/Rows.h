@@ -42,6 +42,7 @@ Work pictureOf(QSize size);
 std::vector<Row> allRows();
 
 void addCanvasRows(std::vector<Row> *rows);
+void addImportRows(std::vector<Row> *rows);
 void addMapPaintRows(std::vector<Row> *rows);
 void addMapRows(std::vector<Row> *rows);
 void addPaintingRows(std::vector<Row> *rows);

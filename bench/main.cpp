@@ -1,3 +1,4 @@
+#include "bench/OwnHome.h"
 #include "bench/Rows.h"
 #include "bench/Table.h"
 
@@ -25,6 +26,7 @@ void add(const std::string &name, const Bench::Work &work)
 /// tessaril_bench [words]: times the rows whose road and input hold the words; all without.
 int main(int argc, char **argv)
 {
+    const Bench::OwnHome home;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv); // for the rows that paint widgets
     QLoggingCategory::setFilterRules(QStringLiteral("default*=false"));
