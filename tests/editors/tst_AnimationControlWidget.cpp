@@ -1,5 +1,7 @@
 #include "editors/AnimationControlWidget.h"
 
+#include "uikit/ThemedIcon.h"
+
 #include <QAction>
 #include <QLabel>
 #include <QSignalSpy>
@@ -23,6 +25,8 @@ private slots:
     void pauseTellsWhetherItIsChecked();
     void playAndStopEndAPause();
     void loopingIsTheOnlyPlayMode();
+    void groupsStandApartInTheMiddle();
+    void playModesExcludeEachOther();
 
 private:
     static QToolButton *button(const AnimationControlWidget &controls, int action);
@@ -37,25 +41,38 @@ void tst_AnimationControlWidget::buttonsStandInOrder_data()
 {
     QTest::addColumn<int>("action");
     QTest::addColumn<QString>("toolTip");
+    QTest::addColumn<QString>("icon");
     QTest::addColumn<bool>("isCheckable");
 
-    QTest::newRow("first") << 0 << "Goto first frame" << false;
-    QTest::newRow("previous") << 1 << "Previous frame" << false;
-    QTest::newRow("play") << 2 << "Play" << false;
-    QTest::newRow("pause") << 3 << "Pause playback" << true;
-    QTest::newRow("stop") << 4 << "Stop" << false;
-    QTest::newRow("next") << 5 << "Next frame" << false;
-    QTest::newRow("last") << 6 << "Goto last frame" << false;
-    QTest::newRow("add") << 7 << "Add a frame" << false;
-    QTest::newRow("delete") << 8 << "Delete current frame" << false;
-    QTest::newRow("loop") << 9 << "Loop" << true;
-    QTest::newRow("ping pong") << 10 << "Ping pong" << true;
+    QTest::newRow("first") << 0 << "Goto first frame"
+                           << ":Media/Start" << false;
+    QTest::newRow("previous") << 1 << "Previous frame"
+                              << ":Arrow/W" << false;
+    QTest::newRow("play") << 2 << "Play"
+                          << ":Media/Play" << false;
+    QTest::newRow("pause") << 3 << "Pause playback"
+                           << ":Media/Pause" << true;
+    QTest::newRow("stop") << 4 << "Stop"
+                          << ":Media/Stop" << false;
+    QTest::newRow("next") << 5 << "Next frame"
+                          << ":Arrow/E" << false;
+    QTest::newRow("last") << 6 << "Goto last frame"
+                          << ":Media/End" << false;
+    QTest::newRow("add") << 7 << "Add a frame"
+                         << ":NewIcon" << false;
+    QTest::newRow("delete") << 8 << "Delete current frame"
+                            << ":Trashcan" << false;
+    QTest::newRow("loop") << 9 << "Loop"
+                          << ":Media/Loop" << true;
+    QTest::newRow("ping pong") << 10 << "Ping pong"
+                               << ":Media/PingPong" << true;
 }
 
 void tst_AnimationControlWidget::buttonsStandInOrder()
 {
     QFETCH(int, action);
     QFETCH(QString, toolTip);
+    QFETCH(QString, icon);
     QFETCH(bool, isCheckable);
     const AnimationControlWidget controls;
 
@@ -68,7 +85,7 @@ void tst_AnimationControlWidget::buttonsStandInOrder()
     QCOMPARE(one->minimumSize(), QSize(34, 34));
     QCOMPARE(one->maximumSize(), QSize(34, 34));
     QVERIFY(one->autoRaise());
-    QVERIFY(!one->icon().pixmap(24).isNull());
+    QCOMPARE(one->icon().pixmap(24).toImage(), themedIcon(icon).pixmap(24).toImage());
     QCOMPARE(one->defaultAction(), controls.action(static_cast<Action>(action)));
 }
 
@@ -162,6 +179,33 @@ void tst_AnimationControlWidget::loopingIsTheOnlyPlayMode()
     QVERIFY(!button(controls, Action::PingPong)->isEnabled());
     QTest::mouseClick(button(controls, Action::Loop), Qt::LeftButton);
     QVERIFY(button(controls, Action::Loop)->isChecked());
+}
+
+void tst_AnimationControlWidget::groupsStandApartInTheMiddle()
+{
+    AnimationControlWidget controls;
+    controls.resize(701, controls.sizeHint().height());
+    controls.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&controls));
+
+    QList<int> gaps;
+    for (int i = Action::First; i < Action::PingPong; ++i)
+        gaps.append(button(controls, i + 1)->x() - button(controls, i)->geometry().right() - 1);
+    QCOMPARE(gaps, QList<int>({0, 0, 0, 0, 0, 0, 10, 0, 10, 0}));
+    const int left = button(controls, Action::First)->x();
+    const int right = controls.width() - button(controls, Action::PingPong)->geometry().right() - 1;
+    QVERIFY(qAbs(left - right) <= 1);
+    QVERIFY(controls.findChild<QLabel *>()->geometry().bottom() <
+            button(controls, Action::First)->y());
+}
+
+void tst_AnimationControlWidget::playModesExcludeEachOther()
+{
+    const AnimationControlWidget controls;
+
+    controls.action(Action::PingPong)->setChecked(true);
+
+    QVERIFY(!controls.action(Action::Loop)->isChecked());
 }
 
 QTEST_MAIN(tst_AnimationControlWidget)

@@ -3,6 +3,7 @@
 #include "model/SpriteAnim.h"
 #include "support/TestSprites.h"
 
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QListWidget>
 #include <QMenu>
@@ -60,10 +61,13 @@ private slots:
     void theFocusAlonePicksNothing();
     void toolTipsShowNamesAsPlainText();
     void longNamesNeedNoScrolling();
+    void addingSelectedScrollsToIt();
+    void whatHasLeftIsNotFollowed();
 
 private:
     SpriteAnim *addNamed(AnimationListWidget &list, const QString &name, bool select = false);
     static QListWidget *items(const AnimationListWidget &list);
+    static void askForMenu(const AnimationListWidget &list, QPoint position);
     static QPushButton *button(const AnimationListWidget &list, const QString &toolTip);
 
     std::unique_ptr<SpriteBank> m_bank;
@@ -335,6 +339,7 @@ void tst_AnimationListWidget::modesShowTheirButtons()
         QVERIFY(one);
         QCOMPARE(one->iconSize(), QSize(32, 32));
         QVERIFY(!one->icon().pixmap(32).isNull());
+        QCOMPARE(one->sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed));
         QCOMPARE(one->accessibleName(), text);
     }
 }
@@ -365,6 +370,14 @@ void tst_AnimationListWidget::buttonsAskTheOwner()
     QCOMPARE(list.count(), 1);
 }
 
+/// As the window system does after a right press.
+void tst_AnimationListWidget::askForMenu(const AnimationListWidget &list, QPoint position)
+{
+    QWidget *view = items(list)->viewport();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, position, view->mapToGlobal(position));
+    QCoreApplication::sendEvent(view, &event);
+}
+
 void tst_AnimationListWidget::theMenuDeletesAndClones()
 {
     AnimationListWidget list(SpriteMode);
@@ -376,9 +389,9 @@ void tst_AnimationListWidget::theMenuDeletesAndClones()
     QVERIFY(QTest::qWaitForWindowExposed(&list));
 
     const QPoint below(10, items(list)->viewport()->height() - 5);
-    emit items(list)->customContextMenuRequested(below);
+    askForMenu(list, below);
     QVERIFY(!menu->isVisible());
-    emit items(list)->customContextMenuRequested({10, 10});
+    askForMenu(list, {10, 10});
     QTRY_VERIFY(menu->isVisible());
     QCOMPARE(menu->actions().size(), 2);
     QCOMPARE(menu->actions().at(0)->text(), QString("Delete"));
@@ -414,13 +427,16 @@ void tst_AnimationListWidget::drawsIconsThroughTheOwner()
     SpriteAnim *walk = addNamed(list, "A");
     QColor colour = Qt::red;
     QList<const Animation *> asked;
+    QList<QSize> sizes;
     list.setIconRenderer([&](const Animation *animation, QSize size) {
         asked.append(animation);
+        sizes.append(size);
         QImage image(size, QImage::Format_RGB32);
         image.fill(colour);
         return image;
     });
     QCOMPARE(asked, QList<const Animation *>{walk});
+    QCOMPARE(sizes, QList<QSize>{QSize(48, 48) * list.devicePixelRatioF()});
     QCOMPARE(items(list)->item(0)->icon().pixmap(48).toImage().pixelColor(9, 9), QColor(Qt::red));
 
     colour = Qt::blue;
@@ -491,6 +507,43 @@ void tst_AnimationListWidget::longNamesNeedNoScrolling()
     QVERIFY(!items(list)->horizontalScrollBar()->isVisible());
     QVERIFY(items(list)->visualItemRect(items(list)->item(0)).right() <
             items(list)->viewport()->width());
+}
+
+void tst_AnimationListWidget::addingSelectedScrollsToIt()
+{
+    AnimationListWidget list(SpriteMode);
+    list.resize(200, 200);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    for (int i = 0; i < 30; ++i)
+        addNamed(list, QString("A%1").arg(i));
+    QVERIFY(!items(list)->viewport()->rect().contains(
+        items(list)->visualItemRect(items(list)->item(29)).center()));
+
+    addNamed(list, "Z", true);
+
+    QCOMPARE(items(list)->currentItem()->toolTip(), QString("Z"));
+    QVERIFY(items(list)->viewport()->rect().contains(
+        items(list)->visualItemRect(items(list)->currentItem()).center()));
+}
+
+void tst_AnimationListWidget::whatHasLeftIsNotFollowed()
+{
+    AnimationListWidget list(SpriteMode);
+    SpriteAnim *walk = addNamed(list, "A");
+    int drawn = 0;
+    list.setIconRenderer([&drawn](const Animation *animation, QSize size) {
+        ++drawn;
+        return animation->thumbnail(size);
+    });
+    drawn = 0;
+
+    list.removeAnimation(walk->id());
+    walk->setName("B");
+    walk->frame(0)->notifyChanged();
+
+    QCOMPARE(drawn, 0);
+    QCOMPARE(list.count(), 0);
 }
 
 QTEST_MAIN(tst_AnimationListWidget)

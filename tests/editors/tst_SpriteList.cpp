@@ -85,6 +85,12 @@ private slots:
     void pastesPicturesOfOtherPrograms();
     void pastesNothingWithoutAPicture();
     void aBankThatDiesLeavesItEmpty();
+    void isSetUpForDragsAndHovering();
+    void marksReachTheFarCorner();
+    void hoveringTintsTheSprite();
+    void aCopyOfAnotherSizeIsFitted_data();
+    void aCopyOfAnotherSizeIsFitted();
+    void copiesOfFourBitSpritesSaySo();
 
 private:
     QRgb pixel(QPoint position) const { return m_list->grab().toImage().pixel(position); }
@@ -515,6 +521,97 @@ void tst_SpriteList::aBankThatDiesLeavesItEmpty()
     m_list->copyImage();
     QTest::mouseClick(m_list.get(), Qt::LeftButton, {}, middle(0));
     QTest::keyClick(m_list.get(), Qt::Key_Right);
+}
+
+void tst_SpriteList::isSetUpForDragsAndHovering()
+{
+    QVERIFY(m_list->testAttribute(Qt::WA_OpaquePaintEvent));
+    QVERIFY(m_list->acceptDrops());
+    QVERIFY(m_list->hasMouseTracking());
+    QCOMPARE(m_list->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+    QVERIFY(m_list->sizePolicy().verticalPolicy() != QSizePolicy::Expanding);
+}
+
+void tst_SpriteList::marksReachTheFarCorner()
+{
+    m_list->setSelectedIndex(0);
+    const QRect cell = m_list->cellRect(0);
+
+    const QImage shown = m_list->grab().toImage();
+
+    QSet<QRgb> border;
+    for (int i = 0; i < Cell; ++i) {
+        border.insert(shown.pixel(cell.right(), cell.top() + i));
+        border.insert(shown.pixel(cell.left() + i, cell.bottom()));
+    }
+    QCOMPARE(border, QSet<QRgb>({qRgb(0, 0, 0), qRgb(255, 255, 255)}));
+    QCOMPARE(shown.pixelColor(cell.right() - 1, cell.center().y()), QColor(Qt::red));
+}
+
+void tst_SpriteList::hoveringTintsTheSprite()
+{
+    moveTo(middle(0), Qt::NoButton);
+    QVERIFY(!m_list->underMouse());
+    QCOMPARE(pixel(middle(0)), qRgb(255, 0, 0));
+    m_list->setAttribute(Qt::WA_UnderMouse);
+
+    const QColor inside = pixel(middle(0)); // 80 of 255 parts (160, 160, 255) over red
+    QVERIFY(qAbs(inside.red() - 225) <= 1);
+    QVERIFY(qAbs(inside.green() - 50) <= 1);
+    QVERIFY(qAbs(inside.blue() - 80) <= 1);
+    const QColor line = pixel(m_list->cellRect(0).topLeft() + QPoint(Cell / 2, 0));
+    QVERIFY(line.blue() > inside.blue() + 20); // 128 parts
+}
+
+void tst_SpriteList::aCopyOfAnotherSizeIsFitted_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QRect>("written");
+
+    QTest::newRow("smaller") << QSize(5, 3) << QRect(0, 0, 5, 3);
+    QTest::newRow("larger") << QSize(40, 20) << QRect(0, 0, 16, 16);
+    QTest::newRow("wider") << QSize(40, 2) << QRect(0, 0, 16, 2);
+}
+
+void tst_SpriteList::aCopyOfAnotherSizeIsFitted()
+{
+    QFETCH(QSize, size);
+    QFETCH(QRect, written);
+    CanvasClipboard::Clip clip;
+    clip.image = QImage(size, QImage::Format_Indexed8);
+    clip.image.setColorTable(m_palette->colourTable());
+    clip.image.fill(9);
+    auto data = std::make_unique<QMimeData>();
+    CanvasClipboard::write(clip, data.get());
+    QGuiApplication::clipboard()->setMimeData(data.release());
+
+    press(1);
+    m_list->pasteImage();
+
+    QImage expected = TestSprites::filled(2);
+    for (int y = written.top(); y <= written.bottom(); ++y)
+        memset(expected.scanLine(y), 9, static_cast<size_t>(written.width()));
+    const QImage sprite = m_bank->sprite(1);
+    for (int y = 0; y < 16; ++y) {
+        for (int x = 0; x < 16; ++x)
+            QCOMPARE(sprite.pixelIndex(x, y), expected.pixelIndex(x, y));
+    }
+    QCOMPARE(TestSprites::values(*m_bank), QList<int>({1, 9, 3}));
+}
+
+void tst_SpriteList::copiesOfFourBitSpritesSaySo()
+{
+    SpriteBank small(Tessaril::Sprite::FourBit);
+    m_list->setSprites(&small);
+    press(0);
+
+    m_list->copyImage();
+
+    CanvasClipboard::Clip clip;
+    QVERIFY(CanvasClipboard::read(QGuiApplication::clipboard()->mimeData(), &clip));
+    QCOMPARE(clip.type, static_cast<qint32>(Tessaril::Ui::ImageType::Offset16));
+    QVERIFY(clip.paletteId.isNull());
+    m_list->setSprites(nullptr);
 }
 
 QTEST_MAIN(tst_SpriteList)
