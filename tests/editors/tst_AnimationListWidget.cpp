@@ -520,11 +520,18 @@ void tst_AnimationListWidget::addingSelectedScrollsToIt()
     QVERIFY(!items(list)->viewport()->rect().contains(
         items(list)->visualItemRect(items(list)->item(29)).center()));
 
-    addNamed(list, "Z", true);
-
+    SpriteAnim *last = addNamed(list, "Z", true);
     QCOMPARE(items(list)->currentItem()->toolTip(), QString("Z"));
-    QVERIFY(items(list)->viewport()->rect().contains(
-        items(list)->visualItemRect(items(list)->currentItem()).center()));
+    const auto isInSight = [&list] {
+        return items(list)->viewport()->rect().contains(
+            items(list)->visualItemRect(items(list)->currentItem()).center());
+    };
+    QVERIFY(isInSight());
+
+    items(list)->scrollToTop();
+    QVERIFY(!isInSight());
+    list.addAnimation(last, true); // is current already
+    QVERIFY(isInSight());
 }
 
 void tst_AnimationListWidget::whatHasLeftIsNotFollowed()
