@@ -12,6 +12,7 @@ TilePickerTool::TilePickerTool(QWidget *parent)
     setObjectName(QStringLiteral("TilePickerTool"));
     setPlaceholderText(tr("No active tile set"));
     setContentWidget(m_grid);
+    scrollArea()->setFocusPolicy(Qt::NoFocus); // a click would reach it through the grid
     showTitle();
     connect(m_grid, &TilePickerGrid::itemDoubleClicked, this, &TilePickerTool::tileDoubleClicked);
     connect(m_grid, &TilePickerGrid::selectedIndexChanged, this, &TilePickerTool::showTile);

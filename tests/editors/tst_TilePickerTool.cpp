@@ -5,7 +5,9 @@
 #include "support/TestMaps.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -25,6 +27,7 @@ private slots:
     void scrollsToATilePickedElsewhere();
     void theGridFillsTheWidthAndScrolls();
     void theZoomIsTheGrids();
+    void aClickLeavesTheFocusWhereItIs();
 };
 
 void tst_TilePickerTool::startsOnItsPlaceholder()
@@ -155,6 +158,26 @@ void tst_TilePickerTool::theZoomIsTheGrids()
         texts += action->isSeparator() ? QString("-") : action->text();
 
     QCOMPARE(texts, QStringList({"Zoom In", "Zoom Out", "-", "1x", "2x", "4x", "8x", "16x"}));
+}
+
+void tst_TilePickerTool::aClickLeavesTheFocusWhereItIs()
+{
+    TileSet set(nullptr, 16);
+    QWidget window;
+    auto *const editor = new QLineEdit(&window);
+    auto *const tool = new TilePickerTool(&window);
+    tool->setTileSet(&set);
+    tool->setGeometry(0, 40, 300, 200);
+    window.resize(300, 240);
+    window.show();
+    window.activateWindow();
+    editor->setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+
+    QTest::mouseClick(tool->grid(), Qt::LeftButton, {}, tool->grid()->cellRect(3).center());
+
+    QCOMPARE(tool->grid()->selectedIndex(), 3);
+    QCOMPARE(QApplication::focusWidget(), editor);
 }
 
 QTEST_MAIN(tst_TilePickerTool)
