@@ -7,6 +7,7 @@
 #include <QHelpEvent>
 #include <QListWidget>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
@@ -99,6 +100,7 @@ void AnimationListWidget::setUpList()
     m_list->setWordWrap(true); // long names
     m_list->setResizeMode(QListView::Adjust);
     setFocusProxy(m_list);
+    m_list->viewport()->installEventFilter(this);
     keepUnselected();
     if (m_mode & Narrow) {
         m_list->setSpacing(1);
@@ -200,6 +202,17 @@ void AnimationListWidget::clearSelection()
     m_list->setCurrentItem(nullptr);
     m_list->clearSelection();
     updateActions();
+}
+
+bool AnimationListWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonPress) {
+        const auto *const press = static_cast<QMouseEvent *>(event);
+        const QListWidgetItem *const item = m_list->itemAt(press->position().toPoint());
+        if (press->button() == Qt::LeftButton && item && item == m_list->currentItem())
+            emit currentItemPressed(currentAnimation());
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 Animation *AnimationListWidget::currentAnimation() const

@@ -75,6 +75,11 @@ signals:
     void cloneRequested(Animation *animation);
     /// @p animation is null if none is current.
     void selectedItemChanged(Animation *animation);
+    /// The one that is current already is pressed; for owners to whom that is a choice as well.
+    void currentItemPressed(Animation *animation);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     /// An animation and the item that shows it, which the list widget owns.

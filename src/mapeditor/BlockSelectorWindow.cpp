@@ -34,11 +34,13 @@ BlockSelectorWindow::BlockSelectorWindow(QWidget *parent)
     setContentWidget(content);
 
     connect(m_listCombo, &QComboBox::currentIndexChanged, this, &BlockSelectorWindow::changeList);
-    connect(m_animations, &AnimationEditor::AnimationListWidget::selectedItemChanged, this,
-            [this](Animation *animation) {
-                if (auto *const block = qobject_cast<TileAnimation *>(animation))
-                    emit selectedItemChanged(block);
-            });
+    const auto choose = [this](Animation *animation) {
+        if (auto *const block = qobject_cast<TileAnimation *>(animation))
+            emit selectedItemChanged(block);
+    };
+    connect(m_animations, &AnimationEditor::AnimationListWidget::selectedItemChanged, this, choose);
+    // Since a tile was picked the map has forgotten the block that is still marked here.
+    connect(m_animations, &AnimationEditor::AnimationListWidget::currentItemPressed, this, choose);
 }
 
 void BlockSelectorWindow::setTileSet(const QPointer<TileSet> &tileSet)

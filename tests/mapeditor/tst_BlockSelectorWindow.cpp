@@ -30,6 +30,7 @@ private slots:
     void newBlocksJoinTheList();
     void aTileSetThatWasLeftIsNotFollowed();
     void choosingABlockSendsIt();
+    void pressingTheChosenBlockSendsItAgain();
     void showingAListSendsNothing();
 
 private:
@@ -148,6 +149,24 @@ void tst_BlockSelectorWindow::choosingABlockSendsIt()
 
     QCOMPARE(selected.count(), 1);
     QCOMPARE(selected.at(0).at(0).value<QPointer<TileAnimation>>()->name(), QStringLiteral("Gate"));
+}
+
+void tst_BlockSelectorWindow::pressingTheChosenBlockSendsItAgain()
+{
+    m_window->setTileSet(m_tiles->set.get());
+    m_window->show();
+    auto *const list = m_window->findChild<QListWidget *>();
+    QSignalSpy chosen(m_window.get(), &BlockSelectorWindow::selectedItemChanged);
+    const QPoint middle = list->visualItemRect(list->item(0)).center();
+
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, middle);
+    QCOMPARE(chosen.count(), 1);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, middle);
+    QCOMPARE(chosen.count(), 2);
+    QVERIFY(chosen.at(0) == chosen.at(1));
+    QTest::mouseClick(list->viewport(), Qt::RightButton, {}, middle);
+
+    QCOMPARE(chosen.count(), 2);
 }
 
 void tst_BlockSelectorWindow::showingAListSendsNothing()
