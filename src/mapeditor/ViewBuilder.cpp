@@ -5,11 +5,14 @@
 #include "mapeditor/MapToolPalette.h"
 #include "mapeditor/View.h"
 #include "uikit/ScrollBar.h"
+#include "uikit/ThemedIcon.h"
 
 #include <QAction>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeySequence>
+#include <QMenu>
+#include <QToolButton>
 
 using namespace MapEditor;
 
@@ -17,6 +20,7 @@ namespace {
 
 constexpr int GridStretch = 10000;
 constexpr int MainStretch = 1000;
+constexpr int CornerSide = 17; // pixels, within the thickness of the scroll bars
 
 } // namespace
 
@@ -49,6 +53,7 @@ void ViewBuilder::layOut()
     grid->addWidget(m_view->m_grid, 0, 0);
     grid->addWidget(m_view->m_verticalScrollBar, 0, 1);
     grid->addWidget(m_view->m_horizontalScrollBar, 1, 0);
+    grid->addWidget(makeCorner(), 1, 1, Qt::AlignCenter);
     grid->setRowStretch(0, 1);
     grid->setColumnStretch(0, 1);
 
@@ -66,6 +71,30 @@ void ViewBuilder::layOut()
     m_view->setFocusPolicy(Qt::ClickFocus);
     m_view->m_grid->setFocusProxy(m_view);
     m_view->m_toolPalette->setFocusProxy(m_view);
+}
+
+/// Where the buttons that add and remove rows and columns meet: what is done to the whole map.
+QToolButton *ViewBuilder::makeCorner()
+{
+    using Tool = Tessaril::Ui::ToolButton;
+    auto *const corner = new QToolButton;
+    corner->setIcon(themedIcon(QStringLiteral(":/Resize")));
+    corner->setIconSize({CornerSide, CornerSide});
+    corner->setFixedSize(CornerSide, CornerSide);
+    corner->setAutoRaise(true);
+    corner->setToolTip(View::tr("Resize or export the map"));
+    corner->setAccessibleName(View::tr("Map actions"));
+
+    auto *const menu = new QMenu(corner);
+    const auto add = [this, menu](const QString &text, Tool tool) {
+        connect(menu->addAction(text), &QAction::triggered, m_view.data(),
+                [view = m_view.data(), tool] { view->toolPaletteClicked(tool); });
+    };
+    add(View::tr("Resize Map"), Tool::Resize);
+    add(View::tr("Export Map Data"), Tool::Save);
+    connect(corner, &QToolButton::clicked, menu,
+            [corner, menu] { menu->popup(corner->mapToGlobal(QPoint())); });
+    return corner;
 }
 
 QAction *ViewBuilder::addAction(const QString &text, const QList<QKeySequence> &keys)

@@ -5,6 +5,7 @@
 
 class QAction;
 class QKeySequence;
+class QToolButton;
 
 namespace MapEditor {
 
@@ -22,6 +23,7 @@ public:
 
 private:
     void layOut();
+    QToolButton *makeCorner();
     void connectActions();
     void connectGrid();
     void connectScrollBars();

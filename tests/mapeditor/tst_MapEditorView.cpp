@@ -1,19 +1,24 @@
 #include "mapeditor/View.h"
 
+#include "dialogs/ExportMapDialog.h"
 #include "dialogs/ResizeMapDialog.h"
 #include "mapeditor/MapGrid.h"
 #include "mapeditor/MapToolPalette.h"
 #include "mapeditor/ToolBar.h"
 #include "model/SpriteBank.h"
 #include "model/TileSet.h"
+#include "support/DialogDriver.h"
 #include "support/TestMaps.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTest>
+#include <QToolButton>
 #include <QUndoStack>
 
 #include <memory>
@@ -49,6 +54,7 @@ private slots:
     void deletingTheSpriteHidesItsPopover();
     void theTabFollowsTheNameOfTheMap();
     void tilesUnderPlacedObjectsAreCleared();
+    void theCornerOpensTheDialogsOfTheMap();
 
 private:
     QLabel *sizeLabel() const { return m_bar->findChildren<QLabel *>().last(); }
@@ -331,6 +337,28 @@ void tst_MapEditorView::tilesUnderPlacedObjectsAreCleared()
     QCOMPARE(m_map->tileLayer()->cell({2, 2}).index, 0);
     QVERIFY(m_map->tileLayer()->cell({2, 2}).occupied);
     QCOMPARE(m_map->tileLayer()->cell({3, 3}).index, 1);
+}
+
+void tst_MapEditorView::theCornerOpensTheDialogsOfTheMap()
+{
+    QToolButton *corner = DialogDriver::field<QToolButton>(*m_view, QStringLiteral("Map actions"));
+    QVERIFY(corner);
+    const auto choose = [corner](int row) {
+        QTest::mouseClick(corner, Qt::LeftButton);
+        auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        menu->setActiveAction(menu->actions().at(row));
+        QTest::keyClick(menu, Qt::Key_Return);
+    };
+
+    choose(0);
+    QVERIFY(m_view->resizeDialog()->isVisible());
+    m_view->resizeDialog()->reject();
+    choose(1);
+
+    auto *const dialog = m_view->findChild<ExportMapDialog *>();
+    QVERIFY(dialog);
+    QVERIFY(dialog->isVisible());
 }
 
 QTEST_MAIN(tst_MapEditorView)
