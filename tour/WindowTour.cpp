@@ -25,9 +25,10 @@ WindowTour::WindowTour(Tour &tour)
 
 void WindowTour::activate()
 {
-    if (!m_window.isActiveWindow()) {
+    if (QApplication::activeWindow() != &m_window) {
         m_window.activateWindow();
-        static_cast<void>(QTest::qWaitForWindowActive(&m_window));
+        static_cast<void>(
+            QTest::qWaitFor([this] { return QApplication::activeWindow() == &m_window; }));
     }
 }
 

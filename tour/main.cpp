@@ -1,5 +1,6 @@
 #include "app/Identity.h"
 #include "formats/FileBytes.h"
+#include "tour/MapDesk.h"
 #include "tour/PaintDesk.h"
 
 #include <QFileInfo>
@@ -31,6 +32,12 @@ void tourWindow(Tour &tour, const QString &reader)
     paintingChapter(window);
     tileChapter(window);
     fontChapter(window, QFileInfo(reader).dir().filePath(QStringLiteral("charset.py")));
+    mapDrawChapter(window);
+    mapSpriteChapter(window);
+    mapBlockChapter(window);
+    mapSizeChapter(window);
+    mapViewChapter(window);
+    mapFileChapter(window, reader);
 }
 
 } // namespace

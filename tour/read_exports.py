@@ -100,6 +100,29 @@ def check_level(folder, entry):
                for row in source[:lines * TILE]])
 
 
+def check_shown(folder, entry):
+    """What the window showed of a map is what its three files rebuild."""
+    words = read_palette((folder / entry["palette"]).read_bytes())
+    tiles = read_tiles((folder / entry["tiles"]).read_bytes())
+    cells = read_map((folder / entry["map"]).read_bytes(), entry["columns"])
+    shown, _ = read_png((folder / entry["picture"]).read_bytes())
+    blank = {tuple(cell) for cell in entry["blank"]}
+    same_size = len(shown) == len(cells) * TILE and len(shown[0]) == entry["columns"] * TILE
+    check(same_size, entry["map"], "has the size that was shown")
+
+    differing = 0
+    for row, line in enumerate(cells):
+        for column, (tile, rotate, flip, mirror, offset) in enumerate(line):
+            square = [[words[offset * 16 + nibble] for nibble in pixels] for pixels in tiles[tile]]
+            square = turned(square, rotate, flip, mirror)
+            if (column, row) in blank:
+                square = [[words[0]] * TILE] * TILE
+            seen = cut(shown, column * TILE, row * TILE, TILE)
+            differing += sum(colour_of(word) != pixel[:3] for words_, pixels in zip(square, seen)
+                             for word, pixel in zip(words_, pixels))
+    check(differing == 0, entry["map"], f"is what the window showed: {differing} pixels differ")
+
+
 def check_sheet(folder, entry, description):
     name = entry["name"]
     source = source_pixels(entry)
@@ -157,12 +180,7 @@ def check_image(entry, archive):
     check(differing == 0, name, f"each pixel has the nearest of {len(nearest)} colours")
 
 
-def main():
-    manifest_file = pathlib.Path(sys.argv[1])
-    folder = manifest_file.parent
-    manifest = json.loads(manifest_file.read_text(encoding="utf-8"))
-    for entry in manifest["levels"]:
-        check_level(folder, entry)
+def check_project(folder, manifest):
     with zipfile.ZipFile(manifest["project"]) as archive:
         check(archive.testzip() is None, "project", "is a sound archive")
         description = json.loads(archive.read("project.json"))
@@ -170,6 +188,18 @@ def main():
             check_sheet(folder, manifest["sheet"], description)
         if "image" in manifest:
             check_image(manifest["image"], archive)
+
+
+def main():
+    manifest_file = pathlib.Path(sys.argv[1])
+    folder = manifest_file.parent
+    manifest = json.loads(manifest_file.read_text(encoding="utf-8"))
+    for entry in manifest.get("levels", []):
+        check_level(folder, entry)
+    for entry in manifest.get("shown", []):
+        check_shown(folder, entry)
+    if "project" in manifest:
+        check_project(folder, manifest)
     return 1 if wrong else 0
 
 
