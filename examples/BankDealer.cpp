@@ -14,7 +14,8 @@ namespace {
 
 constexpr int BankSize = 16;
 constexpr int BankCount = 16;
-constexpr int Unused = 0707; // shown where a game must not go
+constexpr int FirstEntry = BankDealer::FreeEntry + 1;
+constexpr int Free = 0707; // the Next's own colour for what is transparent
 
 using Bank = QList<quint16>; // colour words
 
@@ -39,7 +40,7 @@ int bestBank(const QList<Bank> &banks, const Bank &colours)
         const auto missing = std::count_if(colours.cbegin(), colours.cend(), [&](quint16 word) {
             return !banks.at(bank).contains(word);
         });
-        if (missing < fewest && banks.at(bank).size() + missing <= BankDealer::FreeEntry) {
+        if (missing < fewest && FirstEntry + banks.at(bank).size() + missing <= BankSize) {
             fewest = missing;
             best = bank;
         }
@@ -75,7 +76,7 @@ QImage inBank(const Tile &tile, const Palette &palette, const Bank &bank)
         for (int x = 0; x < Tile::Side; ++x) {
             const int value = tile.image().pixelIndex(x, y) % BankSize;
             const quint16 word = palette.word(value + tile.offset() * BankSize);
-            image.setPixel(x, y, static_cast<uint>(bank.indexOf(word)));
+            image.setPixel(x, y, static_cast<uint>(FirstEntry + bank.indexOf(word)));
         }
     }
     return image;
@@ -84,11 +85,10 @@ QImage inBank(const Tile &tile, const Palette &palette, const Bank &bank)
 void fillPalette(Palette *palette, const QList<Bank> &banks)
 {
     for (int bank = 0; bank < banks.size(); ++bank) {
-        for (int entry = 0; entry < BankSize; ++entry)
-            palette->setWord(bank * BankSize + entry, banks.at(bank).value(entry, 0));
-        if (!banks.at(bank).isEmpty())
-            palette->setColour(bank * BankSize + BankDealer::FreeEntry,
-                               QColor(Brush::colour(Unused)));
+        const int first = bank * BankSize;
+        palette->setColour(first + BankDealer::FreeEntry, QColor(Brush::colour(Free)));
+        for (int entry = FirstEntry; entry < BankSize; ++entry)
+            palette->setWord(first + entry, banks.at(bank).value(entry - FirstEntry, 0));
     }
 }
 

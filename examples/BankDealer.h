@@ -6,13 +6,14 @@ class Map;
 class Palette;
 class TileSet;
 
-/// Deals the colours of tiles out again, so that in every bank of sixteen the last entry is free.
+/// Deals the colours of tiles out again, so that in every bank of sixteen the first entry is free.
 ///
-/// The Next shows one of a tile's sixteen values as transparent, after a reset the last one. An
-/// import fills a bank to its end; a finished game leaves that entry alone.
+/// The Next shows one of a tile's sixteen values as transparent, and so does a map in the editor,
+/// where an empty cell of the object layer is of value 0. An import fills a bank from its first
+/// entry on; a finished game leaves that entry alone.
 namespace BankDealer {
 
-inline constexpr int FreeEntry = 15; // of each bank
+inline constexpr int FreeEntry = 0; // of each bank
 
 /// Rewrites the first @p count tiles, the palette and the palette offsets of the map's cells. False
 /// with nothing changed if the colours do not fit.

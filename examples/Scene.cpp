@@ -97,6 +97,7 @@ QPointer<Map> Scene::makeMap(Project *project, const QString &name) const
     }
     makeBlocks(project, outcome.map, name);
     outcome.map->objectLayer()->setVisible(true);
+    outcome.map->setTileTransparencyIndex(BankDealer::FreeEntry);
     outcome.map->resize(m_size, Qt::AlignTop | Qt::AlignLeft);
     return outcome.map;
 }

@@ -1,9 +1,26 @@
 #include "menus/MenuDialogs.h"
 
+#include <QAbstractItemView>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 
 namespace MenuDialogs {
+
+namespace {
+
+/// Else a name typed into a dialog that opens again would be added to the files chosen before.
+void forgetAnswer(QFileDialog *dialog)
+{
+    for (auto *const view : dialog->findChildren<QAbstractItemView *>()) {
+        if (view->selectionModel())
+            view->clearSelection();
+    }
+    if (auto *const name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit")))
+        name->clear();
+}
+
+} // namespace
 
 QWidget *parentFor(QMenu *menu)
 {
@@ -17,6 +34,10 @@ QFileDialog *makeFileDialog(QMenu *menu, const FileQuestion &question)
     dialog->setAcceptMode(question.acceptMode);
     dialog->setNameFilters(question.filters);
     dialog->setDefaultSuffix(question.defaultSuffix);
+    // Queued, as the answer is read when the dialog has closed.
+    QObject::connect(
+        dialog, &QDialog::finished, dialog, [dialog] { forgetAnswer(dialog); },
+        Qt::QueuedConnection);
     return dialog;
 }
 

@@ -187,9 +187,14 @@ void tst_Examples::noTileUsesTheTransparentValue()
     QFETCH(QString, name);
     const std::unique_ptr<Project> project = Examples::make(name);
 
-    for (const Tile *tile : project->tileSets().value(0)->tiles()) {
-        for (int pixel = 0; pixel < 64; ++pixel)
-            QVERIFY(tile->image().pixelIndex(pixel % 8, pixel / 8) < 15);
+    const auto map = project->maps().value(0);
+    QCOMPARE(map->tileTransparencyIndex(), 0);
+    for (const auto &row : map->tileLayer()->rows()) {
+        for (const TileMap::TileData &cell : row) {
+            const QImage image = map->tileSet()->tile(cell.index)->image();
+            for (int pixel = 0; pixel < 64; ++pixel)
+                QVERIFY(image.pixelIndex(pixel % 8, pixel / 8) > 0);
+        }
     }
 }
 

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QMainWindow>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -32,6 +33,7 @@ private slots:
     void aCancelledNewProjectSendsNothing();
     void theOpenDialogAsksForOneProjectFile();
     void openSendsTheChosenFileAndRemembersItsFolder();
+    void aSecondFileIsNotAddedToTheFirst();
     void twoChosenFilesAreIgnored();
     void aCancelledOpenSendsNothing();
     void theOpenDialogStartsInTheLastDirectory();
@@ -245,6 +247,26 @@ void tst_FileMenu::openSendsTheChosenFileAndRemembersItsFolder()
     QCOMPARE(m_menu->lastDirectory().absolutePath(), folder.path());
     item("Open")->trigger();
     QCOMPARE(FileDialogs::visible(), dialog);
+}
+
+void tst_FileMenu::aSecondFileIsNotAddedToTheFirst()
+{
+    const QTemporaryDir folder;
+    const QStringList files{folder.filePath("a.tessaril"), folder.filePath("b.tessaril")};
+    for (const QString &name : files)
+        QVERIFY(QFile(name).open(QIODevice::WriteOnly));
+    m_menu->setLastPath(folder.path());
+    QSignalSpy opened(m_menu, &FileMenu::openProject);
+
+    for (const QString &name : files) {
+        item("Open")->trigger();
+        const auto *list = FileDialogs::visible()->findChild<QListView *>("listView");
+        QTRY_COMPARE(list->model()->rowCount(list->rootIndex()), 2);
+        FileDialogs::choose(FileDialogs::visible(), name);
+        QApplication::processEvents();
+    }
+
+    QCOMPARE(opened, QList<QVariantList>({{files.first()}, {files.last()}}));
 }
 
 void tst_FileMenu::twoChosenFilesAreIgnored()
