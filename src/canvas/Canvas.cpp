@@ -94,6 +94,7 @@ CanvasClipboard *Canvas::clipboard() const
 void Canvas::setHiRes(bool hiRes)
 {
     m_hiRes = hiRes;
+    updateGeometry();
     layoutImage();
 }
 
