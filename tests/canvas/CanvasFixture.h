@@ -7,6 +7,17 @@
 #include <QSignalSpy>
 #include <QTest>
 
+/// Counts the paint events of the widget that it watches.
+struct PaintCounter : QObject
+{
+    int paints = 0;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
 /// A shown canvas with the default colours, and what it emitted.
 struct CanvasFixture
 {

@@ -109,6 +109,7 @@ void tst_Canvas::aLargeImageScrollsWithinItself()
     QCOMPARE(ranges.last(), QVariantList({20, 15}));
     test.canvas.setHorizontalPosition(99);
     test.canvas.setVerticalPosition(4);
+    test.canvas.setVerticalPosition(4);
     QCOMPARE(test.canvas.visiblePixels(), QRect(20, 4, 10, 5));
     QCOMPARE(positions.count(), 2);
     QCOMPARE(positions.last().first().toPoint(), QPoint(20, 4));
@@ -436,15 +437,7 @@ void tst_Canvas::bothOverlaysShow()
 
 void tst_Canvas::aMoveWithinAPixelPaintsNothing()
 {
-    struct PaintCounter : QObject
-    {
-        int paints = 0;
-        bool eventFilter(QObject *, QEvent *event) override
-        {
-            paints += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-    } counter;
+    PaintCounter counter;
     CanvasFixture test({"00", "00"}, 20);
     test.move(1, 1, Qt::NoButton);
     QCoreApplication::processEvents();

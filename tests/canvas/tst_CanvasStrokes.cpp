@@ -33,7 +33,12 @@ private slots:
     void aShapeOfWhichPartsLieOutsideIsCut();
     void onlyTheFilledRectangleTakesInkBeyondTheColours();
     void aToolChosenInAStrokeEndsIt();
+    void pastingInAStrokeEndsIt();
     void aToolChosenInAShapeDropsIt();
+    void aDroppedShapeDoesNotComeBack();
+    void aShapeIsPaintedBeforeItIsAnnounced();
+    void theReleaseDecidesWhereToFill();
+    void withoutAPictureNothingIsSent();
     void anActionInAStrokeIsAStepOfItsOwn();
     void anotherPictureInAStrokeIsWhereItGoesOn();
     void theSamePictureInAStrokeChangesNothing();
@@ -266,6 +271,18 @@ void tst_CanvasStrokes::aToolChosenInAStrokeEndsIt()
     QCOMPARE(after(test, int(test.edited->count()) - 1), test.rows());
 }
 
+void tst_CanvasStrokes::pastingInAStrokeEndsIt()
+{
+    CanvasFixture test({"0000"});
+    test.canvas.copy();
+
+    test.press(0, 0);
+    test.canvas.paste();
+
+    QCOMPARE(test.edited->count(), 1);
+    QCOMPARE(after(test, 0), QStringList("1000"));
+}
+
 void tst_CanvasStrokes::aToolChosenInAShapeDropsIt()
 {
     CanvasFixture test({"000", "000"});
@@ -279,6 +296,70 @@ void tst_CanvasStrokes::aToolChosenInAShapeDropsIt()
 
     QCOMPARE(test.rows(), QStringList({"000", "000"}));
     QCOMPARE(test.edited->count(), 0);
+}
+
+void tst_CanvasStrokes::aDroppedShapeDoesNotComeBack()
+{
+    CanvasFixture test({"000", "000"});
+    test.canvas.setInk(0xE0);
+    test.canvas.setMode(Tool::Rectangle, true);
+    test.press(0, 0);
+    test.canvas.setMode(Tool::Line, true);
+    test.release(0, 0);
+
+    test.canvas.setMode(Tool::Rectangle, true);
+    test.move(2, 1, Qt::NoButton);
+    QCOMPARE(test.canvas.grab().toImage().pixelColor(test.at(2, 1)), QColor(0, 0, 0));
+    test.release(2, 1);
+
+    QCOMPARE(test.rows(), QStringList({"000", "000"}));
+}
+
+void tst_CanvasStrokes::aShapeIsPaintedBeforeItIsAnnounced()
+{
+    PaintCounter counter;
+    CanvasFixture test({"000"});
+    test.canvas.setMode(Tool::Line, true);
+    QCoreApplication::processEvents();
+    test.press(0, 0);
+    test.canvas.installEventFilter(&counter);
+    int paintsBefore = 0;
+    connect(&test.canvas, &Canvas::imageChanged, this, [&] { paintsBefore = counter.paints; });
+
+    test.release(2, 0);
+
+    QCOMPARE(paintsBefore, 1);
+}
+
+void tst_CanvasStrokes::theReleaseDecidesWhereToFill()
+{
+    CanvasFixture test({"0330"});
+    test.canvas.setMode(Tool::Fill, true);
+
+    test.press(0, 0);
+    test.release(3, 0);
+
+    QCOMPARE(test.rows(), QStringList("0331"));
+}
+
+void tst_CanvasStrokes::withoutAPictureNothingIsSent()
+{
+    CanvasFixture test({"0"});
+    test.canvas.copy();
+    test.canvas.setImage(QImage());
+    test.changed->clear();
+
+    for (const Tool tool : {Tool::Draw, Tool::Line, Tool::Circle, Tool::Fill, Tool::Pick,
+                            Tool::Select, Tool::Paste}) {
+        test.canvas.setMode(tool, true);
+        test.drag({0, 0}, {3, 3});
+    }
+    test.canvas.selectAll();
+    test.canvas.cut();
+
+    QCOMPARE(test.changed->count(), 0);
+    QCOMPARE(test.edited->count(), 0);
+    QVERIFY(!test.canvas.hasSelection());
 }
 
 void tst_CanvasStrokes::anActionInAStrokeIsAStepOfItsOwn()

@@ -1,8 +1,10 @@
 #include "CanvasFixture.h"
 
-#include <QCursor>
+#include <QHBoxLayout>
 #include <QRubberBand>
 #include <QWheelEvent>
+
+#include <functional>
 
 using Tool = Tessaril::Ui::ToolButton;
 
@@ -25,6 +27,11 @@ private slots:
     void thePasteTakesThePalettesColours();
     void aClipOfNoTypeIsNeitherShownNorPasted();
     void theBandFollowsTheZoom();
+    void whatChangesTheViewRepaintsIt_data();
+    void whatChangesTheViewRepaintsIt();
+    void aFormerPaletteIsNotHeard();
+    void layoutsHearOfAnotherSize();
+    void thePalettesWholeChangeReachesTheImage();
 
 private:
     /// Whether the wheel's event was taken.
@@ -94,14 +101,18 @@ void tst_CanvasView::theWheelStopsAtTheEnds()
 
 void tst_CanvasView::fillsTheRestWithTheWindowsColour()
 {
+    QWidget parent; // would shine through
     CanvasFixture test({"0"}, 10);
+    test.canvas.setParent(&parent);
     QPalette colours = test.canvas.QWidget::palette();
     colours.setColor(QPalette::Window, QColor(1, 200, 30));
     test.canvas.QWidget::setPalette(colours);
 
-    test.canvas.resize(30, 30);
+    test.canvas.setGeometry(0, 0, 30, 30);
+    test.canvas.show();
 
-    const QImage shown = test.canvas.grab().toImage();
+    const QImage shown = parent.grab().toImage();
+    test.canvas.setParent(nullptr);
     QCOMPARE(shown.pixelColor(9, 9), QColor(1, 200, 30));
     QCOMPARE(shown.pixelColor(20, 20), QColor(1, 200, 30));
     QCOMPARE(shown.pixelColor(10, 10), QColor(Qt::black));
@@ -256,6 +267,103 @@ void tst_CanvasView::theBandFollowsTheZoom()
     QCOMPARE(test.canvas.selection(), QRect(1, 1, 2, 2));
     QCOMPARE(test.canvas.findChild<QRubberBand *>()->geometry(),
              test.canvas.cellRect(QRect(1, 1, 2, 2)));
+}
+
+void tst_CanvasView::whatChangesTheViewRepaintsIt_data()
+{
+    using Change = std::function<void(CanvasFixture &)>;
+    QTest::addColumn<Change>("change");
+    const auto add = [](const char *name, const Change &change) { QTest::newRow(name) << change; };
+    add("checkers", [](auto &test) { test.canvas.setMode(Tool::Grid, true); });
+    add("lines", [](auto &test) { test.canvas.setGridLinesVisible(true); });
+    add("a colour", [](auto &test) { test.palette.setColour(1, Qt::red, false); });
+    add("another palette", [](auto &test) { test.canvas.setPalette(nullptr); });
+    add("another bank", [](auto &test) { test.canvas.remap(2); });
+    add("an action", [](auto &test) { test.canvas.setMode(Tool::Flip, false); });
+    add("another picture", [](auto &test) {
+        test.canvas.setImage(TestImages::indexed({"22", "22"}));
+    });
+    add("the shape of pixels", [](auto &test) { test.canvas.setHiRes(true); });
+    add("scrolling", [](auto &test) { test.canvas.setVerticalPosition(1); });
+    add("a pixel", [](auto &test) { test.press(1, 1); });
+    add("a shape to be", [](auto &test) {
+        test.canvas.setMode(Tool::Line, true);
+        QCoreApplication::processEvents();
+        test.press(1, 1);
+        test.move(0, 1);
+    });
+    add("a fill", [](auto &test) {
+        test.canvas.setMode(Tool::Fill, true);
+        QCoreApplication::processEvents();
+        test.press(1, 1);
+        test.release(1, 1);
+    });
+    add("pasting", [](auto &test) {
+        test.canvas.copy();
+        test.canvas.paste();
+    });
+    add("another tool", [](auto &test) { test.canvas.setMode(Tool::Line, true); });
+}
+
+void tst_CanvasView::whatChangesTheViewRepaintsIt()
+{
+    QFETCH(std::function<void(CanvasFixture &)>, change);
+    CanvasFixture test({"0123", "4567", "89ab", "cdef"}, 20);
+    test.canvas.resize(80, 40);
+    QCoreApplication::processEvents();
+    PaintCounter counter;
+    test.canvas.installEventFilter(&counter);
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.paints, 0);
+
+    change(test);
+
+    QTRY_VERIFY(counter.paints > 0);
+}
+
+void tst_CanvasView::aFormerPaletteIsNotHeard()
+{
+    CanvasFixture test({"01"});
+    Palette other;
+    test.canvas.setPalette(&other);
+    QCoreApplication::processEvents();
+    PaintCounter counter;
+    test.canvas.installEventFilter(&counter);
+
+    test.palette.setColour(1, Qt::red, false);
+
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.paints, 0);
+}
+
+void tst_CanvasView::layoutsHearOfAnotherSize()
+{
+    Palette palette;
+    QWidget parent;
+    QHBoxLayout layout(&parent);
+    layout.setContentsMargins(0, 0, 0, 0);
+    auto *const canvas = new Canvas;
+    layout.addWidget(canvas);
+    canvas->setPalette(&palette);
+    canvas->setZoomLevel(10);
+    QCOMPARE(layout.sizeHint(), QSize(10, 10));
+
+    canvas->setImage(TestImages::indexed({"00", "00"}));
+    QCOMPARE(layout.sizeHint(), QSize(20, 20));
+    canvas->setZoomLevel(20);
+    QCOMPARE(layout.sizeHint(), QSize(40, 40));
+    canvas->setHiRes(true);
+    QCOMPARE(layout.sizeHint(), QSize(40, 80));
+}
+
+void tst_CanvasView::thePalettesWholeChangeReachesTheImage()
+{
+    CanvasFixture test({"0"});
+    test.palette.setWord(0, 0xE000); // as a file does it, without a signal
+
+    test.canvas.paletteChanged(0, 255, {});
+
+    QCOMPARE(test.canvas.image().color(0), qRgb(255, 0, 0));
 }
 
 QTEST_MAIN(tst_CanvasView)

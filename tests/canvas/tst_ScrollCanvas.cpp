@@ -54,6 +54,7 @@ void tst_ScrollCanvas::theBarsCountImagePixels()
     QCOMPARE(bar(Qt::Horizontal)->maximum(), 64 - visible.width());
     QCOMPARE(bar(Qt::Vertical)->maximum(), 32 - visible.height());
     QCOMPARE(bar(Qt::Horizontal)->pageStep(), visible.width());
+    QCOMPARE(bar(Qt::Vertical)->pageStep(), visible.height());
 }
 
 void tst_ScrollCanvas::aMovedBarScrollsTheCanvas()

@@ -45,6 +45,8 @@ private slots:
     void aFileThatIsNoPictureChangesNothing();
     void cutCopyPasteAndSelections();
     void withoutAStackNothingIsRecorded();
+    void scrollsOfTwoViewsDoNotMerge();
+    void startsReadyToDraw();
 
 private:
     void click(QPoint pixel);
@@ -384,6 +386,34 @@ void tst_View::withoutAStackNothingIsRecorded()
 
     QCOMPARE(m_document->image().pixelIndex(3, 4), 9);
     QCOMPARE(m_stack->count(), 0);
+}
+
+void tst_View::scrollsOfTwoViewsDoNotMerge()
+{
+    ImageEditor::View other;
+    other.setPalette(m_palette.get());
+    other.setImage(m_document->image());
+    other.setUndoStack(m_stack.get());
+    for (ImageEditor::View *const view : {m_view.get(), &other}) {
+        QImage picture = m_document->image();
+        picture.setPixel(0, 0, 9);
+        view->setImage(picture);
+    }
+
+    m_view->changeMode(Tool::MoveUp, false);
+    other.changeMode(Tool::MoveUp, false);
+
+    QCOMPARE(m_stack->count(), 2);
+}
+
+void tst_View::startsReadyToDraw()
+{
+    QVERIFY(m_view->toolPalette()->action(Tool::Draw)->isChecked());
+    m_view->setFocus();
+    QVERIFY(m_view->canvas()->hasFocus());
+    // The middle button reaches the palette that the colours show.
+    QTest::mouseClick(m_view->colourPalette(), Qt::MiddleButton, {}, {4, 4});
+    QCOMPARE(m_palette->transparencyIndex(), 0);
 }
 
 QTEST_MAIN(tst_View)
