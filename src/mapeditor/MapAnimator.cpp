@@ -6,7 +6,9 @@
 #include "model/TileAnimation.h"
 #include "model/TileSet.h"
 
-#include <algorithm>
+#include <QHash>
+
+#include <utility>
 
 using namespace MapEditor;
 
@@ -22,14 +24,16 @@ struct Placement
 QList<Placement> placementsOf(const Map &map)
 {
     QList<Placement> placements;
+    QHash<std::pair<QPoint, QPoint>, qsizetype> indices;
     for (const auto &block : map.animatedBlocks()->blocks()) {
-        const auto same = std::find_if(
-            placements.begin(), placements.end(),
-            [&block](const Placement &placement) { return placement.rect == block->rect; });
-        if (same == placements.end())
+        const std::pair corners(block->rect.topLeft(), block->rect.bottomRight());
+        const auto known = indices.constFind(corners);
+        if (known == indices.cend()) {
+            indices.insert(corners, placements.size());
             placements.append({block->rect, block->id});
-        else
-            same->animation = block->id;
+        } else {
+            placements[*known].animation = block->id;
+        }
     }
     return placements;
 }

@@ -10,6 +10,13 @@ auto hasRect(QRect rect)
         [rect](const QPointer<AnimationProperties> &block) { return block && block->rect == rect; };
 }
 
+bool isWhollyInside(QRect rect, QSize size)
+{
+    return rect.left() >= 0 && rect.top() >= 0 && rect.left() <= rect.right() &&
+           rect.top() <= rect.bottom() && rect.right() < size.width() &&
+           rect.bottom() < size.height();
+}
+
 } // namespace
 
 AnimatedBlocks::AnimatedBlocks(QObject *parent)
@@ -32,6 +39,19 @@ void AnimatedBlocks::remove(QRect rect)
     AnimationProperties *block = *found;
     m_blocks.erase(found);
     delete block;
+}
+
+QList<QRect> AnimatedBlocks::removeOutside(QSize size)
+{
+    QList<QRect> removed;
+    m_blocks.removeIf([&removed, size](const QPointer<AnimationProperties> &block) {
+        if (!block || isWhollyInside(block->rect, size))
+            return false;
+        removed.append(block->rect);
+        delete block;
+        return true;
+    });
+    return removed;
 }
 
 QUuid AnimatedBlocks::find(QRect rect) const

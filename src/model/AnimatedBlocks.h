@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QRect>
+#include <QSize>
 #include <QUuid>
 
 /// The block animations placed on one map, in order of placing. Owns its records.
@@ -22,6 +23,9 @@ public:
     void add(AnimationProperties *block);
     /// Deletes the first record with exactly that rectangle, if there is one.
     void remove(QRect rect);
+    /// Deletes the records that do not lie wholly in a map of @p size cells, and returns their
+    /// rectangles.
+    QList<QRect> removeOutside(QSize size);
     /// The animation of the record with exactly that rectangle, or the null id.
     QUuid find(QRect rect) const;
     /// Deletes all records.

@@ -30,13 +30,6 @@ QRect moved(QRect rect, QPoint offset)
     return {moved(rect.topLeft(), offset), moved(rect.bottomRight(), offset)};
 }
 
-bool isWhollyInside(QRect rect, QSize size)
-{
-    return rect.left() >= 0 && rect.top() >= 0 && rect.left() <= rect.right() &&
-           rect.top() <= rect.bottom() && rect.right() < size.width() &&
-           rect.bottom() < size.height();
-}
-
 Map::PlacedBlock valueOf(const AnimationProperties *block)
 {
     return {block->id, block->rect, block->initialDelay, block->repeatDelay, block->startFrame};
@@ -119,16 +112,12 @@ void Map::resize(QSize size, Qt::Alignment alignment)
 void Map::shiftContents(QPoint offset)
 {
     const QSize size = m_tileLayer ? m_tileLayer->size() : QSize(0, 0);
-    QList<QRect> cut;
     for (const auto &block : m_animatedBlocks->blocks()) {
-        if (!block)
-            continue;
-        block->rect = moved(block->rect, offset);
-        if (!isWhollyInside(block->rect, size))
-            cut.append(block->rect);
+        if (block)
+            block->rect = moved(block->rect, offset);
     }
-    for (const QRect &rect : std::as_const(cut)) {
-        m_animatedBlocks->remove(rect);
+    const QList<QRect> cut = m_animatedBlocks->removeOutside(size);
+    for (const QRect &rect : cut) {
         if (m_objectLayer)
             m_objectLayer->fill(rect, true);
     }

@@ -30,6 +30,7 @@ private slots:
     void aBlockWithoutDelayStands();
     void framesChangeEveryDelayTicks();
     void twoPlacementsRunInStep();
+    void ofTwoInOnePlaceTheLaterPlays();
     void aNarrowFrameWritesOnlyItsCells();
     void cellsBeyondTheMapAreNotWritten();
     void frameCellsComeWithTheirAttributes();
@@ -178,6 +179,22 @@ void tst_MapAnimator::twoPlacementsRunInStep()
         QCOMPARE(cellAt(0, 0), expected);
         QCOMPARE(cellAt(3, 3), expected);
     }
+}
+
+void tst_MapAnimator::ofTwoInOnePlaceTheLaterPlays()
+{
+    TileAnimation *first = makeBlock(1);
+    TileAnimation *later = makeBlock(1);
+    later->frame(1)->setCell({0, 0}, {.index = 12});
+    m_map->addAnimation({.id = first->id(), .rect = {1, 2, 2, 1}});
+    m_map->addAnimation({.id = later->id(), .rect = {1, 2, 2, 1}});
+    m_map->addAnimation({.id = first->id(), .rect = {3, 0, 2, 1}});
+
+    m_animator->tick();
+    m_animator->tick();
+
+    QCOMPARE(cellAt(1, 2), 12);
+    QCOMPARE(cellAt(3, 0), 7);
 }
 
 void tst_MapAnimator::aNarrowFrameWritesOnlyItsCells()

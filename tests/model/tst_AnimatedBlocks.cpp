@@ -23,6 +23,7 @@ private slots:
     void findWantsTheExactRectangle();
     void removeTakesTheFirstOfEqualRectangles();
     void removingAnUnknownRectangleChangesNothing();
+    void recordsNotWhollyInsideAreRemoved();
     void clearDeletesAll();
     void aRecordDeletedElsewhereIsSkipped();
 };
@@ -80,6 +81,28 @@ void tst_AnimatedBlocks::removingAnUnknownRectangleChangesNothing()
 
     QCOMPARE(list.blocks().size(), 1);
     QVERIFY(!list.blocks().first().isNull());
+}
+
+void tst_AnimatedBlocks::recordsNotWhollyInsideAreRemoved()
+{
+    const QList<QRect> inside{{0, 0, 2, 2}, {4, 1, 2, 3}, {5, 3, 1, 1}};
+    const QList<QRect> outside{{-1, 0, 2, 2}, {0, -1, 1, 1}, {5, 0, 2, 1},
+                               {0, 3, 1, 2},  {2, 2, 0, 1},  {-1, 0, 2, 2}};
+    AnimatedBlocks list;
+    for (int i = 0; i < outside.size(); ++i) {
+        list.add(placed(outside.at(i)));
+        if (i < inside.size())
+            list.add(placed(inside.at(i)));
+    }
+    const QPointer<AnimationProperties> gone = list.blocks().first();
+
+    QCOMPARE(list.removeOutside({6, 4}), outside);
+
+    QList<QRect> left;
+    for (const auto &block : list.blocks())
+        left.append(block->rect);
+    QCOMPARE(left, inside);
+    QVERIFY(gone.isNull());
 }
 
 void tst_AnimatedBlocks::clearDeletesAll()
