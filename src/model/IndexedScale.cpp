@@ -8,20 +8,32 @@
 
 namespace {
 
-/// For each pixel of one target axis, the pixel of the source, with the 12-bit fixed point of
-/// QImage::transformed().
-std::vector<int> sourcePositions(int partStart, int partLength, int targetLength)
+/// A part of the source's axis, the length it is scaled to, and which pixels of that are wanted.
+struct Axis
+{
+    int partStart;
+    int partLength;
+    int targetLength;
+    int first;
+    int count;
+};
+
+/// For each wanted pixel of one target axis, the pixel of the source, with the 12-bit fixed point
+/// of QImage::transformed().
+std::vector<int> sourcePositions(const Axis &axis)
 {
     constexpr int FractionBits = 12;
     constexpr double One = 1 << FractionBits;
-    const double scale = static_cast<double>(targetLength) / partLength;
-    const auto step =
-        static_cast<qint64>(QTransform::fromScale(scale, scale).inverted().m11() * One);
-    std::vector<int> positions(static_cast<size_t>(targetLength));
-    qint64 position = targetLength == partLength ? 0 : step / 2;
+    const bool isScaled = axis.targetLength != axis.partLength;
+    const double scale = static_cast<double>(axis.targetLength) / axis.partLength;
+    const qint64 step =
+        isScaled ? static_cast<qint64>(QTransform::fromScale(scale, scale).inverted().m11() * One)
+                 : qint64(1) << FractionBits;
+    std::vector<int> positions(static_cast<size_t>(axis.count));
+    qint64 position = (isScaled ? step / 2 : 0) + step * axis.first;
     for (int &at : positions) {
-        at = partStart + static_cast<int>(position >> FractionBits);
-        position += targetLength == partLength ? (1 << FractionBits) : step;
+        at = axis.partStart + static_cast<int>(position >> FractionBits);
+        position += step;
     }
     return positions;
 }
@@ -109,15 +121,23 @@ private:
 
 QImage IndexedScale::scaledPart(const QImage &source, QRect part, QSize size)
 {
-    if (part.isEmpty() || size.isEmpty())
+    return scaledPart(source, part, size, QRect(QPoint(), size));
+}
+
+QImage IndexedScale::scaledPart(const QImage &source, QRect part, QSize size, QRect piece)
+{
+    const QRect wanted = piece.intersected(QRect(QPoint(), size));
+    if (part.isEmpty() || size.isEmpty() || wanted.isEmpty())
         return {};
-    QImage target(size, QImage::Format_Indexed8);
+    QImage target(wanted.size(), QImage::Format_Indexed8);
     if (target.isNull())
         return {};
 
-    const RowScaler scaler(sourcePositions(part.left(), part.width(), target.width()),
-                           source.width());
-    const std::vector<int> rows = sourcePositions(part.top(), part.height(), target.height());
+    const RowScaler scaler(
+        sourcePositions({part.left(), part.width(), size.width(), wanted.left(), wanted.width()}),
+        source.width());
+    const std::vector<int> rows =
+        sourcePositions({part.top(), part.height(), size.height(), wanted.top(), wanted.height()});
     const auto width = static_cast<size_t>(target.width());
     const qsizetype stride = target.bytesPerLine();
     uchar *to = target.bits();

@@ -11,5 +11,7 @@ namespace IndexedScale {
 /// give, but without copying the part first: pixels of @p part outside @p source are 0. The colour
 /// table is left to the caller. Null for an empty part or size.
 QImage scaledPart(const QImage &source, QRect part, QSize size);
+/// What lies of that within @p piece, in pixels of the result.
+QImage scaledPart(const QImage &source, QRect part, QSize size, QRect piece);
 
 } // namespace IndexedScale

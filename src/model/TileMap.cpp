@@ -119,10 +119,11 @@ void TileMap::setCell(QPoint position, const TileData &data)
         return;
 
     m_rows[position.y()][position.x()] = data;
+    m_log.add(position);
     if (hasPicture())
         paint(position, pixelsOf(data));
     else
-        dropPicture();
+        keepSpare();
 }
 
 QRect TileMap::insidePart(QRect rect) const
@@ -143,13 +144,14 @@ void TileMap::fill(QRect rect, bool occupied)
     const bool isDrawn = hasPicture();
     const TileCache::Pixels pixels = isDrawn ? pixelsOf(data) : TileCache::Pixels{};
     if (!isDrawn)
-        dropPicture();
+        keepSpare();
     const QRect inside = insidePart(rect);
     for (int y = inside.top(); y <= inside.bottom(); ++y) {
         for (int x = inside.left(); x <= inside.right(); ++x) {
             if (m_rows.at(y).at(x) == data)
                 continue;
             m_rows[y][x] = data;
+            m_log.add({x, y});
             if (isDrawn)
                 paint({x, y}, pixels);
         }
@@ -285,6 +287,15 @@ void TileMap::swapTiles(int first, int second)
 
 QImage TileMap::picture(QRect rect, double scale, int transparentIndex)
 {
+    const QSize size(qRound(rect.width() * scale), qRound(rect.height() * scale));
+    QImage picture = indices(rect, scale, QRect(QPoint(), size));
+    // Anew each time: the palette may have changed while the set had another.
+    picture.setColorTable(colours(transparentIndex));
+    return picture;
+}
+
+QImage TileMap::indices(QRect rect, double scale, QRect piece)
+{
     if (rect.isEmpty())
         return {};
     const bool isKept = qint64(m_width) * m_height <= MaxPictureCells;
@@ -295,10 +306,12 @@ QImage TileMap::picture(QRect rect, double scale, int transparentIndex)
     const QImage source = isKept ? m_image : drawn(cells);
     const QRect part((rect.topLeft() - cells.topLeft()) * CellSide, rect.size() * CellSide);
     const QSize size(qRound(rect.width() * scale), qRound(rect.height() * scale));
-    QImage picture = IndexedScale::scaledPart(source, part, size);
-    // Anew each time: the palette may have changed while the set had another.
-    picture.setColorTable(withTransparency(colourTableOf(m_tiles), transparentIndex));
-    return picture;
+    return IndexedScale::scaledPart(source, part, size, piece);
+}
+
+QList<QRgb> TileMap::colours(int transparentIndex) const
+{
+    return withTransparency(colourTableOf(m_tiles), transparentIndex);
 }
 
 QByteArray TileMap::toData(QRect rect) const
@@ -326,6 +339,13 @@ bool TileMap::hasPicture() const
 }
 
 void TileMap::dropPicture()
+{
+    m_log.addAll();
+    keepSpare();
+}
+
+/// Throws the picture away, but not its memory.
+void TileMap::keepSpare()
 {
     if (!m_image.isNull())
         m_spare = std::exchange(m_image, QImage());

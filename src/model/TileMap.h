@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/CellLog.h"
 #include "model/Enums.h"
 #include "model/TileCache.h"
 
@@ -101,6 +102,18 @@ public:
     /// (i & 15) == @p transparentIndex have alpha 0, all others are opaque; -1 for none. Pixels
     /// outside the map are 0.
     QImage picture(QRect rect, double scale, int transparentIndex);
+    /// The pixel indices of that picture within @p piece, in its pixels; without colours.
+    QImage indices(QRect rect, double scale, QRect piece);
+    /// The colours of that picture.
+    QList<QRgb> colours(int transparentIndex) const;
+
+    /// Where the record of written cells stands; one that does not move means the same indices.
+    quint64 revision() const { return m_log.revision(); }
+    /// The cells written since then; nothing if others may show something else as well.
+    std::optional<QList<QPoint>> cellsWrittenSince(quint64 revision) const
+    {
+        return m_log.since(revision);
+    }
 
     /// Height, width, the cells of @p rect row by row and the tile set's id, as a big-endian
     /// QDataStream. Cells outside the map are all zero.
@@ -116,6 +129,7 @@ private:
     void swapTiles(int first, int second);
     bool hasPicture() const;
     void dropPicture();
+    void keepSpare();
     QImage blankPicture(QSize size);
     QImage drawn(QRect cells);
     void drawRow(uchar *to, qsizetype stride, int y, int left, int right);
@@ -133,6 +147,7 @@ private:
     QUuid m_drawnPalette;            // null for none
     TileCache m_tileCache;
     int m_cacheHits = 0;
+    CellLog m_log;
     bool m_visible = true;
 };
 

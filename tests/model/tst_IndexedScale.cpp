@@ -48,6 +48,7 @@ private slots:
     void equalsQtsFastTransformation_data();
     void equalsQtsFastTransformation();
     void equalsQtForRandomSizes();
+    void aPieceIsCutFromTheWhole();
     void anEmptyPartOrSizeIsNull();
     void withoutASourceEverythingIsZero();
 };
@@ -101,6 +102,26 @@ void tst_IndexedScale::equalsQtForRandomSizes()
         const QString where = difference(scaled, reference(source, part, size));
         QVERIFY2(where.isEmpty(), qPrintable(where));
     }
+}
+
+void tst_IndexedScale::aPieceIsCutFromTheWhole()
+{
+    QRandomGenerator generator(8);
+    const QImage source = noise({96, 64});
+
+    for (int i = 0; i < 500; ++i) {
+        const QRect part(generator.bounded(-20, 100), generator.bounded(-20, 70),
+                         generator.bounded(1, 130), generator.bounded(1, 90));
+        const QSize size(generator.bounded(1, 400), generator.bounded(1, 300));
+        const QRect piece(generator.bounded(-10, size.width()),
+                          generator.bounded(-10, size.height()), generator.bounded(11, 90),
+                          generator.bounded(11, 90));
+        const QImage scaled = IndexedScale::scaledPart(source, part, size, piece);
+        const QRect inside = piece.intersected(QRect(QPoint(), size));
+        const QString where = difference(scaled, reference(source, part, size).copy(inside));
+        QVERIFY2(where.isEmpty(), qPrintable(where));
+    }
+    QVERIFY(IndexedScale::scaledPart(source, {0, 0, 8, 8}, {16, 16}, {16, 0, 4, 4}).isNull());
 }
 
 void tst_IndexedScale::anEmptyPartOrSizeIsNull()
