@@ -20,21 +20,23 @@ void CellTool::mouseMove(QMouseEvent *event)
     const QPoint offset = geometry.cellOffset(wholePosition(event->position()));
     const QPoint cell = snappedCell(offset, m_grid->m_snapSize) + geometry.scroll;
     const QPoint hovered = snappedCell(cell, m_grid->m_snapSize);
-    const bool moved = hovered != m_grid->m_hoverCell;
+    const QPoint before = m_grid->m_hoverCell;
+    const bool moved = hovered != before;
     m_grid->m_hoverCell = hovered;
 
     if (m_grid->m_buttons == Qt::NoButton)
-        hover();
+        hover(before);
     else if (m_grid->m_hoverAnimationRect.isValid())
         return; // what lies below a placed object is not painted by a stroke that starts on it
     else if (m_grid->m_currentTile >= 0)
-        paintCell(cell, moved);
+        paintCell(cell, before);
     else
         placeObject(moved);
 }
 
-void CellTool::hover()
+void CellTool::hover(QPoint cellBefore)
 {
+    const QRect objectBefore = m_grid->m_hoverAnimationRect;
     QRect found;
     for (const auto &block : m_grid->m_map->animatedBlocks()->blocks()) {
         if (block->rect.contains(m_grid->m_hoverCell)) {
@@ -50,10 +52,10 @@ void CellTool::hover()
         m_grid->updateCursor();
         m_grid->m_hoverAnimationRect = QRect();
     }
-    m_grid->update();
+    m_grid->updateHover(cellBefore, objectBefore);
 }
 
-void CellTool::paintCell(QPoint cell, bool moved)
+void CellTool::paintCell(QPoint cell, QPoint hoverBefore)
 {
     const auto layer = m_grid->m_map->tileLayer();
     bool changed = false;
@@ -62,8 +64,8 @@ void CellTool::paintCell(QPoint cell, bool moved)
         changed = layer->cell(cell) != data;
         layer->setCell(cell, data);
     }
-    if (changed || moved)
-        m_grid->update();
+    if (changed || m_grid->m_hoverCell != hoverBefore)
+        m_grid->updateHover(hoverBefore, m_grid->m_hoverAnimationRect);
 }
 
 void CellTool::placeObject(bool moved)

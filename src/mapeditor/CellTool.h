@@ -16,8 +16,9 @@ public:
     void mouseMove(QMouseEvent *event) override;
 
 private:
-    void hover();
-    void paintCell(QPoint cell, bool moved);
+    /// The arguments named before are what was hovered until now.
+    void hover(QPoint cellBefore);
+    void paintCell(QPoint cell, QPoint hoverBefore);
     void placeObject(bool moved);
 };
 

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "mapeditor/GridGeometry.h"
+#include "mapeditor/LayersPicture.h"
 #include "mapeditor/MapTool.h"
-#include "mapeditor/SpritePlayback.h"
+#include "mapeditor/SpriteLayer.h"
 #include "model/Enums.h"
 #include "model/Map.h"
 #include "model/SpriteAnim.h"
@@ -70,6 +71,8 @@ public:
     void endEdit(const QString &text);
 
     void updateCursor();
+    /// Repaints @p region, and the cells and sprites that look different from what is shown.
+    void updateChanged(const QRegion &region = {});
     /// Lays the cells out anew and emits scrollDeltaChanged().
     void updateGeometryMetrics();
     /// Tidies up after an undo.
@@ -178,12 +181,15 @@ private:
     void deleteSprite(int index);
     void deletePlacedObject(const QRect &rect);
 
-    void paintBackground(QPainter &painter);
-    void paintLayer(QPainter &painter, TileMap &layer);
-    void paintSprites(QPainter &painter);
+    /// Brings the kept pictures up to date; the widget's pixels that show something else for that.
+    QRegion refreshPictures();
+    /// Repaints what a move of the mouse changes; the arguments are what was hovered before it.
+    void updateHover(QPoint cellBefore, const QRect &objectBefore);
+    QRect statusArea() const;
+    void paintLayers(QPainter &painter);
     void paintSprite(QPainter &painter, const Map::PlacedSprite &sprite, qint64 ticks);
     void paintHoveredSprite(QPainter &painter);
-    void paintGridLines(QPainter &painter);
+    void paintGridLines(QPainter &painter, const QRegion &region);
     void paintSelection(QPainter &painter);
     void paintCellOutline(QPainter &painter, const QRect &cells);
 
@@ -224,6 +230,8 @@ private:
     int m_selectedSprite = -1;
     QHash<Tessaril::Ui::ToolButton, std::shared_ptr<MapTool>> m_tools;
     MapTool *m_currentTool = nullptr;
+    LayersPicture m_layers;
+    SpriteLayer m_sprites;
     QRubberBand m_rubberBand;
     QMenu m_contextMenu;
 };

@@ -2,10 +2,12 @@
 
 #include "mapeditor/MapGrid.h"
 #include "mapeditor/Outline.h"
-#include "model/TileSet.h"
 
 #include <QElapsedTimer>
+#include <QPaintEvent>
 #include <QPainter>
+
+#include <algorithm>
 
 using namespace MapEditor;
 
@@ -13,31 +15,32 @@ namespace {
 
 const QColor GridLineColour(0x40, 0x40, 0x40);
 const QPointF StatusPosition(10.0, 10.0);
+constexpr int MaxParts = 16; // of the widget that are painted one by one
 
 } // namespace
 
-void MapGrid::paintEvent(QPaintEvent *)
+void MapGrid::paintEvent(QPaintEvent *event)
 {
     QElapsedTimer timer;
     timer.start();
     if (!isEnabled() || !m_map)
         return;
 
+    // Some changes of a model are not announced; what shows one elsewhere follows.
+    const QRegion late = refreshPictures().subtracted(event->region());
+    if (!late.isEmpty())
+        update(late);
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform, false);
     painter.setBackgroundMode(Qt::TransparentMode);
     painter.setClipRect(rect());
-    paintBackground(painter);
-    if (m_map->tileLayer()->isVisible())
-        paintLayer(painter, *m_map->tileLayer());
-    if (m_map->objectLayer()->isVisible())
-        paintLayer(painter, *m_map->objectLayer());
+    paintLayers(painter);
     if (m_map->isSpriteLayerVisible())
-        paintSprites(painter);
+        m_sprites.paint(painter, event->region());
     paintHoveredSprite(painter);
     m_currentTool->paintUnderGrid(painter);
     if (m_gridVisible)
-        paintGridLines(painter);
+        paintGridLines(painter, event->region());
     if (m_hoverAnimationRect.isValid())
         paintCellOutline(painter, m_hoverAnimationRect);
     m_currentTool->paintOverGrid(painter);
@@ -51,51 +54,58 @@ void MapGrid::paintEvent(QPaintEvent *)
                                          .arg(timer.elapsed()));
 }
 
-void MapGrid::paintBackground(QPainter &painter)
+QRegion MapGrid::refreshPictures()
 {
-    const auto &gridRect = m_geometry.gridRect;
-    painter.fillRect(rect(), palette().brush(QPalette::Window));
-    painter.fillRect(gridRect, Qt::black);
+    const QPoint corner = m_geometry.gridRect.topLeft();
+    const LayersPicture::Look look{.cells = m_geometry.visibleCells(),
+                                   .cellSize = m_geometry.cellSize,
+                                   .size = m_geometry.gridRect.size(),
+                                   .transparencyIndex = m_transparencyIndex,
+                                   .backgroundTile = m_backgroundTileIndex};
+    const QRegion changed = m_layers.update(*m_map, look).translated(corner);
+    return changed +
+           m_sprites.update(m_map->sprites(), m_spriteBanks, m_geometry, m_spriteTicks, rect());
+}
 
-    const auto tileSet = m_map->tileSet();
-    if (!tileSet || m_backgroundTileIndex < 0 || m_backgroundTileIndex >= tileSet->count())
+void MapGrid::updateChanged(const QRegion &region)
+{
+    if (!m_map)
         return;
-    const QImage tile = tileSet->tileImage(m_backgroundTileIndex, false, false, false,
-                                           tileSet->tileOffset(m_backgroundTileIndex));
-    // From the grid's corner, so that it stays where it is when the map scrolls.
-    painter.setBrushOrigin(gridRect.topLeft());
-    painter.fillRect(gridRect, QBrush(tile.scaled(m_geometry.cellSize, m_geometry.cellSize)));
+    const QRect status = statusArea();
+    const QRegion changed = refreshPictures() + region;
+    // All of that line or nothing: it reads otherwise at each paint. And a painter that clips to
+    // many parts takes longer than for all between them.
+    const QRegion part = changed.intersects(status) ? changed + status : changed;
+    update(part.rectCount() > MaxParts ? part.boundingRect() : part);
 }
 
-void MapGrid::paintLayer(QPainter &painter, TileMap &layer)
+QRect MapGrid::statusArea() const
 {
-    painter.drawImage(
-        m_geometry.gridRect.topLeft(),
-        layer.picture(m_geometry.visibleCells(), m_geometry.cellSize, m_transparencyIndex));
+    return {0, 0, width(), qRound(StatusPosition.y()) + fontMetrics().descent() + 1};
 }
 
-void MapGrid::paintSprites(QPainter &painter)
+void MapGrid::updateHover(QPoint cellBefore, const QRect &objectBefore)
 {
-    for (const Map::PlacedSprite &sprite : std::as_const(m_map->sprites())) {
-        // Most sprites of a large map are off the view, and composing a picture is dear.
-        const QRect bounds = spriteBounds(m_spriteBanks, sprite);
-        const QRect onScreen(
-            m_geometry.fromMapPixel(bounds.topLeft()),
-            QSize(m_geometry.scaled(bounds.width()), m_geometry.scaled(bounds.height())));
-        if (bounds.isValid() && onScreen.intersects(rect()))
-            paintSprite(painter, sprite, m_spriteTicks);
+    if (objectBefore != m_hoverAnimationRect) {
+        update();
+        return;
     }
+    const QSize preview = m_currentAnimation ? m_currentAnimation->size() : QSize(1, 1);
+    updateChanged(QRegion(statusArea()) + m_geometry.fromCells({cellBefore, preview}) +
+                  m_geometry.fromCells({m_hoverCell, preview}));
+}
+
+void MapGrid::paintLayers(QPainter &painter)
+{
+    const QRect &gridRect = m_geometry.gridRect;
+    for (const QRect &margin : QRegion(rect()).subtracted(gridRect))
+        painter.fillRect(margin, palette().brush(QPalette::Window));
+    painter.drawImage(gridRect.topLeft(), m_layers.image());
 }
 
 void MapGrid::paintSprite(QPainter &painter, const Map::PlacedSprite &sprite, qint64 ticks)
 {
-    const QImage image = spriteImage(m_spriteBanks, sprite, ticks);
-    if (image.isNull())
-        return;
-    painter.drawImage(
-        QRect(m_geometry.fromMapPixel({sprite.x, sprite.y}),
-              QSize(m_geometry.scaled(image.width()), m_geometry.scaled(image.height()))),
-        image);
+    m_sprites.paintOne(painter, sprite, m_spriteBanks, m_geometry, ticks);
 }
 
 void MapGrid::paintHoveredSprite(QPainter &painter)
@@ -109,14 +119,21 @@ void MapGrid::paintHoveredSprite(QPainter &painter)
     drawOutline(painter, QRect(m_geometry.fromMapPixel(bounds.topLeft()), beyond - QPoint(1, 1)));
 }
 
-void MapGrid::paintGridLines(QPainter &painter)
+void MapGrid::paintGridLines(QPainter &painter, const QRegion &region)
 {
     const QRect &grid = m_geometry.gridRect;
+    const int step = m_geometry.cellSize;
     QList<QLine> lines;
-    for (int y = grid.top(); y < grid.bottom(); y += m_geometry.cellSize)
-        lines.append(QLine(grid.left(), y, grid.right(), y));
-    for (int x = grid.left(); x < grid.right(); x += m_geometry.cellSize)
-        lines.append(QLine(x, grid.top(), x, grid.bottom()));
+    // Only what is in each part: a painter that clips to several is slow at long lines.
+    for (const QRect &exposed : region) {
+        const QRect part = exposed.adjusted(-1, -1, 1, 1).intersected(grid);
+        const int top = grid.top() + (part.top() - grid.top()) / step * step;
+        const int left = grid.left() + (part.left() - grid.left()) / step * step;
+        for (int y = top; y <= part.bottom() && y < grid.bottom(); y += step)
+            lines.append(QLine(part.left(), y, part.right(), y));
+        for (int x = left; x <= part.right() && x < grid.right(); x += step)
+            lines.append(QLine(x, part.top(), x, part.bottom()));
+    }
     painter.setPen(QPen(GridLineColour, 0));
     painter.drawLines(lines);
 }

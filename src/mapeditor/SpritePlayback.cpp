@@ -27,22 +27,20 @@ SpriteAnim *findAnimation(const SpriteBanks &banks, const Map::PlacedSprite &spr
     return bank ? bank->animation(sprite.animation).data() : nullptr;
 }
 
-/// One frame drawn from the bank's sprites with the palette offset of the placed sprite.
-QImage frameImage(const SpriteAnim &animation, const AnimationFrame &frame, int paletteOffset)
+/// A frame drawn from the bank's sprites with the palette offset of the placed sprite.
+QImage frameImage(const SpriteLook &look)
 {
-    const QSize size = animation.size() * SpriteBank::SpriteSide;
-    QImage image(size, QImage::Format_ARGB32);
+    QImage image(look.size * SpriteBank::SpriteSide, QImage::Format_ARGB32);
     if (image.isNull())
         return image;
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    const AnimationFrame::Cells &cells = frame.cells();
-    for (int row = 0; row < cells.size(); ++row) {
-        for (int column = 0; column < cells.at(row).size(); ++column) {
-            const AnimationFrame::Cell &cell = cells.at(row).at(column);
+    for (int row = 0; row < look.cells.size(); ++row) {
+        for (int column = 0; column < look.cells.at(row).size(); ++column) {
+            const AnimationFrame::Cell &cell = look.cells.at(row).at(column);
             painter.drawImage(column * SpriteBank::SpriteSide, row * SpriteBank::SpriteSide,
-                              animation.bank()->spriteImage(cell.index, paletteOffset, cell.rotate,
-                                                            cell.flip, cell.mirror));
+                              look.bank->spriteImage(cell.index, look.paletteOffset, cell.rotate,
+                                                     cell.flip, cell.mirror));
         }
     }
     return image;
@@ -67,27 +65,60 @@ int MapEditor::frameAt(const FrameTiming &timing, qint64 ticks)
     return static_cast<int>((step + start) % count);
 }
 
+size_t MapEditor::qHash(const SpriteLook &look, size_t seed)
+{
+    const bool hasCell = !look.cells.isEmpty() && !look.cells.first().isEmpty();
+    return qHashMulti(seed, look.strip, look.sprite, look.paletteOffset, look.rotate, look.flip,
+                      look.mirror, hasCell ? look.cells.first().first().index : -1);
+}
+
+SpriteLook MapEditor::spriteLook(const SpriteBanks &banks, const Map::PlacedSprite &sprite,
+                                 qint64 ticks)
+{
+    const SpriteBank *const bank = findBank(banks, sprite.bank);
+    if (!bank)
+        return {};
+
+    SpriteLook look{.bank = bank,
+                    .strip = bank->image().cacheKey(),
+                    .transparency = bank->transparency(),
+                    .sprite = sprite.sprite,
+                    .paletteOffset = sprite.paletteOffset,
+                    .rotate = sprite.rotate,
+                    .flip = sprite.flip,
+                    .mirror = sprite.mirror};
+    if (sprite.animation.isNull())
+        return look;
+
+    const auto animation = bank->animation(sprite.animation);
+    const auto frame =
+        animation && animation->bank() == bank
+            ? animation->frame(frameAt({sprite.startFrame, sprite.initialDelay, sprite.repeatDelay,
+                                        animation->frameCount(), animation->delay()},
+                                       ticks))
+            : nullptr;
+    if (!frame)
+        return {};
+    look.sprite = -1;
+    look.cells = frame->cells();
+    look.size = animation->size();
+    return look;
+}
+
+QImage MapEditor::spriteImage(const SpriteLook &look)
+{
+    if (!look.bank)
+        return {};
+    if (look.size.isEmpty())
+        return look.bank->spriteImage(look.sprite, look.paletteOffset, look.rotate, look.flip,
+                                      look.mirror);
+    return NxImage::transformed(frameImage(look), look.rotate, look.flip, look.mirror);
+}
+
 QImage MapEditor::spriteImage(const SpriteBanks &banks, const Map::PlacedSprite &sprite,
                               qint64 ticks)
 {
-    if (sprite.animation.isNull()) {
-        const SpriteBank *const bank = findBank(banks, sprite.bank);
-        return bank ? bank->spriteImage(sprite.sprite, sprite.paletteOffset, sprite.rotate,
-                                        sprite.flip, sprite.mirror)
-                    : QImage();
-    }
-
-    const SpriteAnim *const animation = findAnimation(banks, sprite);
-    if (!animation || !animation->bank())
-        return {};
-    const int index = frameAt({sprite.startFrame, sprite.initialDelay, sprite.repeatDelay,
-                               animation->frameCount(), animation->delay()},
-                              ticks);
-    const auto frame = animation->frame(index);
-    if (!frame)
-        return {};
-    return NxImage::transformed(frameImage(*animation, *frame, sprite.paletteOffset), sprite.rotate,
-                                sprite.flip, sprite.mirror);
+    return spriteImage(spriteLook(banks, sprite, ticks));
 }
 
 QRect MapEditor::spriteBounds(const SpriteBanks &banks, const Map::PlacedSprite &sprite)

@@ -49,6 +49,10 @@ void View::setMap(const QPointer<Map> &map)
     if (m_map) {
         if (const auto tileSet = m_map->tileSet())
             disconnect(tileSet, nullptr, m_grid, nullptr);
+        for (TileMap *layer : {m_map->tileLayer().data(), m_map->objectLayer().data()}) {
+            if (layer)
+                disconnect(layer, nullptr, m_grid, nullptr);
+        }
         disconnect(m_map, nullptr, this, nullptr);
     }
     m_map = map;
@@ -57,6 +61,12 @@ void View::setMap(const QPointer<Map> &map)
         if (const auto tileSet = m_map->tileSet()) {
             connect(tileSet, &TileSet::tileChanged, m_grid, &MapGrid::tileMapChanged);
             connect(tileSet, &TileSet::restored, m_grid, &MapGrid::tileMapChanged);
+            // Inserted and deleted tiles renumber cells, and tell no picture.
+            connect(tileSet, &TileSet::structureChanged, m_grid, &MapGrid::tileMapChanged);
+        }
+        for (TileMap *layer : {m_map->tileLayer().data(), m_map->objectLayer().data()}) {
+            if (layer)
+                connect(layer, &TileMap::tilesChanged, m_grid, &MapGrid::tileMapChanged);
         }
         connect(m_map, &Map::nameChanged, this, &View::updateTabText);
         connect(m_map, &Map::restored, this, &View::updateSizeText);
@@ -87,6 +97,8 @@ void View::setSpriteBanks(const QList<QPointer<SpriteBank>> &banks)
         const auto repaint = qOverload<>(&QWidget::update);
         connect(bank, &SpriteBank::imageChanged, m_grid, repaint, Qt::UniqueConnection);
         connect(bank, &SpriteBank::restored, m_grid, repaint, Qt::UniqueConnection);
+        if (const auto palette = bank->palette())
+            connect(palette, &Palette::colourChanged, m_grid, repaint, Qt::UniqueConnection);
     }
 }
 
@@ -348,7 +360,7 @@ void View::updateTabText(QString text)
 void View::advanceFrames()
 {
     m_grid->setSpriteTicks(m_animator.ticks());
-    m_grid->update();
+    m_grid->updateChanged();
 }
 
 void View::announceMode(Tool mode)
