@@ -5,6 +5,8 @@
 #include <QMimeData>
 #include <QSignalSpy>
 
+#include <functional>
+
 namespace {
 
 const QColor Black(Qt::black);
@@ -23,9 +25,14 @@ private slots:
     void colourChangesArePainted();
     void editsArePaintedWithoutTheRest();
     void theHoveredTileIsTinted();
+    void theHoveredTileIsFramedOnlyUnderTheMouse();
+    void theTargetOfADropIsNotTinted();
     void theSelectedTileIsFramed();
+    void theFrameOfTheSelectedTileIsSmaller();
     void tilesPastTheMapsReachAreDarker();
     void hoveringRepaintsTwoCells();
+    void changesRepaintTheGrid_data();
+    void changesRepaintTheGrid();
     void aDragCarriesTheTile();
     void draggingMovesTheTile();
     void draggingWithShiftCopiesTheTile();
@@ -33,6 +40,7 @@ private slots:
     void droppingATileOnItselfChangesNothing();
     void droppingBesideTheTilesChangesNothing();
     void aShortMoveStartsNoDrag();
+    void theRightButtonStartsNoDrag();
     void aDragFromBesideTheTilesCarriesNothing();
     void theTargetIsFramedUntilTheDragLeaves();
     void onlyTilesAreAccepted();
@@ -40,6 +48,16 @@ private slots:
     void dataThatIsNotOfThisPressIsIgnored();
 
 private:
+    /// The colours of a tile's cell from its top left corner downwards, @p column pixels in.
+    static QSet<QRgb> coloursOfColumn(PickerFixture *fixture, int index, int column)
+    {
+        const QImage picture = fixture->grid.grab().toImage();
+        const QRect cell = fixture->grid.cellRect(index);
+        QSet<QRgb> colours;
+        for (int y = cell.top() + 2; y < cell.bottom() - 3; ++y)
+            colours += picture.pixel(cell.left() + column, y);
+        return colours;
+    }
     /// Drags the mouse off the middle of a cell. The platform of the tests ends every drag at once,
     /// and its object lives until the next turn of the event loop; null if there was none.
     static QDrag *startDrag(PickerFixture *fixture, int from);
@@ -150,6 +168,38 @@ void tst_TilePickerView::theHoveredTileIsTinted()
     QCOMPARE(fixture.colourAt(fixture.at(5)), plain);
 }
 
+void tst_TilePickerView::theHoveredTileIsFramedOnlyUnderTheMouse()
+{
+    PickerFixture fixture;
+    const QColor plain = fixture.colourAt(fixture.at(5));
+    QVERIFY(!coloursOfColumn(&fixture, 5, 31).contains(White.rgb()));
+
+    fixture.hover(5);
+    QVERIFY(coloursOfColumn(&fixture, 5, 31).contains(White.rgb()));
+    fixture.grid.setAttribute(Qt::WA_UnderMouse, false);
+
+    QVERIFY(!coloursOfColumn(&fixture, 5, 31).contains(White.rgb()));
+    QCOMPARE(fixture.colourAt(fixture.at(5)), plain);
+}
+
+void tst_TilePickerView::theTargetOfADropIsNotTinted()
+{
+    PickerFixture fixture;
+    const QColor plain = fixture.colourAt(fixture.at(5));
+    const auto data = TileDrag::mimeData({2, 0});
+
+    move(&fixture, 5, data.get());
+    QMouseEvent hover(QEvent::MouseMove, fixture.at(5), fixture.globalAt(5), Qt::NoButton,
+                      Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&fixture.grid, &hover);
+
+    QCOMPARE(fixture.grid.hoverIndex(), 5);
+    QCOMPARE(fixture.grid.dropIndex(), 5);
+    QVERIFY(fixture.grid.underMouse());
+    QCOMPARE(fixture.colourAt(fixture.at(5)), plain);
+    QCOMPARE(coloursOfColumn(&fixture, 5, 0), (QSet<QRgb>{Black.rgb(), White.rgb()}));
+}
+
 void tst_TilePickerView::theSelectedTileIsFramed()
 {
     PickerFixture fixture;
@@ -171,17 +221,28 @@ void tst_TilePickerView::theSelectedTileIsFramed()
     QVERIFY(!coloursOfTopEdge().contains(White));
 }
 
+void tst_TilePickerView::theFrameOfTheSelectedTileIsSmaller()
+{
+    PickerFixture fixture;
+
+    fixture.grid.setSelectedIndex(6);
+
+    QCOMPARE(coloursOfColumn(&fixture, 6, 30), (QSet<QRgb>{Black.rgb(), White.rgb()}));
+    QCOMPARE(coloursOfColumn(&fixture, 6, 31), QSet<QRgb>{Black.rgb()}); // the gap
+}
+
 void tst_TilePickerView::tilesPastTheMapsReachAreDarker()
 {
     PickerFixture fixture(515);
+    fixture.tiles.set->copyTile(512, 1);
     fixture.grid.resize(PickerFixture::Columns * 32, 130 * 32);
 
     const QImage picture = fixture.grid.grab().toImage();
 
-    // Tile 512 has the pixels 0, tile 513 the pixels 1.
+    // Tiles 497, 512 and 513 have the pixels 1.
     const QColor colour = fixture.paletteColour(1);
     const QColor darker = picture.pixelColor(fixture.at(513));
-    QCOMPARE(picture.pixelColor(fixture.at(512)), fixture.paletteColour(0));
+    QCOMPARE(picture.pixelColor(fixture.at(512)), colour);
     QCOMPARE(picture.pixelColor(fixture.at(497)), colour);
     QVERIFY(darker != colour);
     QVERIFY(std::abs(darker.blue() - colour.blue() * 191 / 255) <= 1);
@@ -212,6 +273,40 @@ void tst_TilePickerView::hoveringRepaintsTwoCells()
     QCOMPARE(region.painted - cells, QRegion());
     QVERIFY(region.painted.contains(fixture.at(0)));
     QVERIFY(region.painted.contains(fixture.at(5)));
+}
+
+void tst_TilePickerView::changesRepaintTheGrid_data()
+{
+    using Change = std::function<void(PickerFixture &)>;
+    QTest::addColumn<Change>("change");
+    QTest::newRow("picking") << Change([](auto &test) { test.grid.setSelectedIndex(3); });
+    QTest::newRow("unpicking") << Change([](auto &test) { test.grid.setSelectedIndex(-1); });
+    QTest::newRow("an edit") << Change([](auto &test) { test.tiles.set->clearImage(3); });
+    QTest::newRow("moved") << Change([](auto &test) { test.tiles.set->moveTile(1, 2); });
+    QTest::newRow("zoomed") << Change([](auto &test) { test.grid.setMagnification(5); });
+}
+
+void tst_TilePickerView::changesRepaintTheGrid()
+{
+    QFETCH(std::function<void(PickerFixture &)>, change);
+    PickerFixture fixture(4);
+    fixture.grid.resize(fixture.grid.sizeHint()); // so that none of it comes from another size
+    fixture.grid.setSelectedIndex(2);
+    QCoreApplication::processEvents();
+    struct PaintCounter : QObject
+    {
+        int paints = 0;
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            paints += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } counter;
+    fixture.grid.installEventFilter(&counter);
+
+    change(fixture);
+
+    QTRY_VERIFY(counter.paints > 0);
 }
 
 void tst_TilePickerView::aDragCarriesTheTile()
@@ -324,6 +419,19 @@ void tst_TilePickerView::aShortMoveStartsNoDrag()
     QTest::mouseRelease(window, Qt::LeftButton, {}, fixture.at(2));
 
     QCOMPARE(fixture.grid.selectedIndex(), 2);
+}
+
+void tst_TilePickerView::theRightButtonStartsNoDrag()
+{
+    PickerFixture fixture;
+    QTest::mousePress(&fixture.grid, Qt::RightButton, {}, fixture.at(5));
+
+    QMouseEvent move(QEvent::MouseMove, fixture.at(2), fixture.globalAt(2), Qt::NoButton,
+                     Qt::RightButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&fixture.grid, &move);
+
+    QVERIFY(!fixture.grid.findChild<QDrag *>());
+    QCOMPARE(fixture.grid.hoverIndex(), 2);
 }
 
 void tst_TilePickerView::aDragFromBesideTheTilesCarriesNothing()

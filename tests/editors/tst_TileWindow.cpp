@@ -1,3 +1,4 @@
+#include "colour/PaletteGrid.h"
 #include "editors/TileWindowFixture.h"
 #include "uikit/Expandable.h"
 #include "uikit/ToolPalette.h"
@@ -266,6 +267,8 @@ void tst_TileWindow::colourChangesAreSeenOnTheCanvas()
 {
     TileWindowFixture fixture;
     fixture.window.setTileIndex(4);
+    // The palette editor takes no input without a palette.
+    QVERIFY(fixture.paletteEditor()->findChild<PaletteGrid *>()->isEnabledTo(&fixture.window));
 
     fixture.tiles.palette->setColour(3, QColor(255, 0, 255));
 
@@ -313,6 +316,7 @@ void tst_TileWindow::aSetWithoutTilesIsNotEdited()
     QVERIFY(fixture.canvas()->image().isNull());
     QVERIFY(!fixture.canvas()->isEnabled());
     QVERIFY(!fixture.offset()->isEnabled());
+    QVERIFY(!fixture.window.findChild<ToolPalette *>()->isEnabled());
     QVERIFY(!fixture.window.findChild<TileSheet *>()->isEnabled());
     fixture.window.setTileIndex(3);
     fixture.window.paletteOffsetChanged(3);
@@ -320,6 +324,7 @@ void tst_TileWindow::aSetWithoutTilesIsNotEdited()
 
     fixture.tiles.set->insertTile(0);
     QVERIFY(fixture.canvas()->isEnabled());
+    QVERIFY(fixture.window.findChild<ToolPalette *>()->isEnabled());
     QCOMPARE(fixture.offset()->value(), 2);
 }
 
