@@ -1,41 +1,25 @@
-#include "editors/BlockEditorView.h"
-
-#include "editors/AnimationEditorWidget.h"
-#include "editors/AnimationListWidget.h"
-#include "editors/FrameEditorWidget.h"
+#include "editors/BlockViewFixture.h"
 #include "editors/TileDrag.h"
 #include "editors/TilePickerGrid.h"
 #include "editors/TilePickerTool.h"
 #include "model/Tile.h"
 #include "support/Boxes.h"
 #include "support/DragEvents.h"
-#include "support/RecordedProject.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
 
-#include <memory>
-
-using AnimationEditor::AnimationListWidget;
-using AnimationEditor::FrameEditorWidget;
-using BlockEditor::AnimationEditorWidget;
-using BlockEditor::View;
-
-class tst_BlockEditorView : public QObject
+class tst_BlockEditorView : public QObject, private BlockViewFixture
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void init() { open(); }
+    void cleanup() { close(); }
 
     void listsTheBlocksAndOpensNone();
     void selectingABlockOpensIt();
@@ -43,14 +27,6 @@ private slots:
     void aNewBlockKeepsItsFrameThroughUndo();
     void cloningCopiesTheBlock();
     void onlyBlocksOfTheListAreCloned();
-    void deletingAsksFirst();
-    void noBringsTheBlockBack_data();
-    void noBringsTheBlockBack();
-    void yesDeletesAndOpensTheNext();
-    void deletingTheLastBlockDisables();
-    void deletingNeedsASelection();
-    void aBlockThatDiesDuringTheQuestion();
-    void aBlockListThatDiesDuringTheQuestion();
     void theContextMenuDeletesAndClones();
     void cellsAreDrawnAsTheySay();
     void changedTilesAreDrawnAnew_data();
@@ -66,72 +42,7 @@ private slots:
     void withoutTheTileSetNothingIsDrawn();
     void withoutABlockListItIsEmpty();
     void makingABlockIsToldInOrder();
-    void deletingABlockIsToldInOrder();
-
-private:
-    AnimationEditorWidget *editor() const { return m_view->editor(); }
-    FrameEditorWidget *frames() const { return editor()->frameEditor(); }
-    AnimationListWidget *list() const { return m_view->animationList(); }
-    QListWidget *items() const { return list()->findChild<QListWidget *>(); }
-    QPushButton *button(const QString &toolTip) const;
-    void pressDelete()
-    {
-        QTest::mouseClick(button("Delete the selected animation"), Qt::LeftButton);
-    }
-    void select(Animation *animation) { list()->addAnimation(animation, true); }
-    static QPoint at(QPoint cell) { return cell * 64 + QPoint(32, 32); }
-    void selectCell(QPoint cell) { QTest::mouseClick(frames(), Qt::LeftButton, {}, at(cell)); }
-    QColor shownColour(QPoint cell) { return frames()->grab().toImage().pixelColor(at(cell)); }
-    TileAnimation *addBlock(const QString &name);
-    void deleteBlockList();
-
-    std::unique_ptr<RecordedProject> m_set; // one block, "Door", of 2 by 1 cells and two frames
-    std::unique_ptr<View> m_view;
 };
-
-void tst_BlockEditorView::initTestCase()
-{
-    qRegisterMetaType<TileAnimation *>();
-}
-
-void tst_BlockEditorView::init()
-{
-    m_set = std::make_unique<RecordedProject>();
-    m_set->stacks.setActive(m_set->tileSet->id());
-    m_view = std::make_unique<View>(m_set->blocks);
-    m_view->resize(800, 500);
-    m_view->show();
-}
-
-void tst_BlockEditorView::cleanup()
-{
-    m_view.reset();
-    m_set.reset();
-}
-
-QPushButton *tst_BlockEditorView::button(const QString &toolTip) const
-{
-    for (QPushButton *one : list()->findChildren<QPushButton *>()) {
-        if (one->toolTip() == toolTip)
-            return one;
-    }
-    return nullptr;
-}
-
-TileAnimation *tst_BlockEditorView::addBlock(const QString &name)
-{
-    TileAnimation *block = m_set->blocks->createTileAnimation(name);
-    block->setTileSet(m_set->tileSet);
-    block->addFrame();
-    block->notifyContentChanged();
-    return block;
-}
-
-void tst_BlockEditorView::deleteBlockList()
-{
-    QVERIFY(m_set->project.deleteMap(m_set->map->id())); // which uses it
-    QVERIFY(m_set->project.deleteBlocks(m_set->blocks->id()));
-}
 
 void tst_BlockEditorView::listsTheBlocksAndOpensNone()
 {
@@ -227,119 +138,6 @@ void tst_BlockEditorView::onlyBlocksOfTheListAreCloned()
     m_view->cloneAnimation(nullptr);
 
     QCOMPARE(m_set->blocks->animations().size(), 1);
-}
-
-void tst_BlockEditorView::deletingAsksFirst()
-{
-    select(m_set->block);
-    const Boxes boxes(QMessageBox::No);
-
-    pressDelete();
-
-    QCOMPARE(boxes.texts(),
-             QStringList("Delete?: Are you sure you want to remove this animation?"));
-    QCOMPARE(boxes.buttons().first(), QMessageBox::Yes | QMessageBox::No);
-    QCOMPARE(boxes.defaults().first(), QMessageBox::No);
-}
-
-void tst_BlockEditorView::noBringsTheBlockBack_data()
-{
-    QTest::addColumn<QMessageBox::StandardButton>("answer");
-    QTest::newRow("No") << QMessageBox::No;
-    QTest::newRow("the box is closed") << QMessageBox::NoButton;
-}
-
-void tst_BlockEditorView::noBringsTheBlockBack()
-{
-    QFETCH(QMessageBox::StandardButton, answer);
-    select(m_set->block);
-    QSignalSpy removed(m_view.get(), &View::animationRemoved);
-    QSignalSpy changed(m_set->blocks, &MapObjects::animationsChanged);
-    const Boxes boxes(answer);
-    bool wasShown = true;
-    QTimer::singleShot(0, this, [&] { wasShown = editor()->animation() != nullptr; });
-
-    pressDelete();
-
-    QVERIFY(!wasShown); // while the question was asked
-    QCOMPARE(editor()->animation(), m_set->block);
-    QVERIFY(editor()->isEnabled());
-    QCOMPARE(list()->currentAnimation(), m_set->block);
-    QCOMPARE(removed.count(), 0);
-    QCOMPARE(changed.count(), 0);
-}
-
-void tst_BlockEditorView::yesDeletesAndOpensTheNext()
-{
-    TileAnimation *const lamp = addBlock("Lamp");
-    select(m_set->block);
-    QSignalSpy changed(m_set->blocks, &MapObjects::animationsChanged);
-    QString removedName;
-    connect(m_view.get(), &View::animationRemoved, this,
-            [&](const TileAnimation *animation) { removedName = animation->name(); });
-    const Boxes boxes(QMessageBox::Yes);
-
-    pressDelete();
-
-    QCOMPARE(removedName, QString("Door")); // still alive then
-    QVERIFY(m_set->block.isNull());
-    QCOMPARE(m_set->blocks->animations().size(), 1);
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(list()->count(), 1);
-    QCOMPARE(list()->currentAnimation(), lamp);
-    QCOMPARE(editor()->animation(), lamp);
-}
-
-void tst_BlockEditorView::deletingTheLastBlockDisables()
-{
-    select(m_set->block);
-    const Boxes boxes(QMessageBox::Yes);
-
-    pressDelete();
-
-    QVERIFY(!editor()->isEnabled());
-    QVERIFY(m_set->blocks->animations().isEmpty());
-    QVERIFY(!button("Delete the selected animation")->isEnabled());
-}
-
-void tst_BlockEditorView::deletingNeedsASelection()
-{
-    const Boxes boxes(QMessageBox::Yes);
-
-    m_view->deleteAnimation();
-
-    QCOMPARE(boxes.texts().size(), 0);
-    QCOMPARE(m_set->blocks->animations().size(), 1);
-}
-
-void tst_BlockEditorView::aBlockThatDiesDuringTheQuestion()
-{
-    TileAnimation *const lamp = addBlock("Lamp");
-    select(m_set->block);
-    QSignalSpy removed(m_view.get(), &View::animationRemoved);
-    QTimer::singleShot(0, this, [&] { m_set->blocks->removeAnimation(m_set->block->id()); });
-    const Boxes boxes(QMessageBox::Yes);
-
-    pressDelete();
-
-    QCOMPARE(removed.count(), 0);
-    QCOMPARE(m_set->blocks->animations().size(), 1);
-    QCOMPARE(editor()->animation(), lamp);
-}
-
-void tst_BlockEditorView::aBlockListThatDiesDuringTheQuestion()
-{
-    select(m_set->block);
-    QSignalSpy removed(m_view.get(), &View::animationRemoved);
-    QTimer::singleShot(0, this, [this] { deleteBlockList(); });
-    const Boxes boxes(QMessageBox::Yes);
-
-    pressDelete();
-
-    QCOMPARE(boxes.texts().size(), 1);
-    QVERIFY(m_view->blocks().isNull());
-    QCOMPARE(removed.count(), 0);
-    QVERIFY(!editor()->isEnabled());
 }
 
 void tst_BlockEditorView::theContextMenuDeletesAndClones()
@@ -577,25 +375,6 @@ void tst_BlockEditorView::makingABlockIsToldInOrder()
 
     QCOMPARE(told, QStringList({"changed: 2 blocks, none", "added: 2 blocks, New Object",
                                 "changed: 3 blocks, New Object", "added: 3 blocks, Door (Copy)"}));
-}
-
-void tst_BlockEditorView::deletingABlockIsToldInOrder()
-{
-    select(m_set->block);
-    QStringList told;
-    const auto tell = [&](const QString &what) {
-        told += QString("%1: %2 listed, %3 there")
-                    .arg(what)
-                    .arg(list()->count())
-                    .arg(m_set->blocks->animations().size());
-    };
-    connect(m_view.get(), &View::animationRemoved, this, [&] { tell("removed"); });
-    connect(m_set->blocks, &MapObjects::animationsChanged, this, [&] { tell("changed"); });
-    const Boxes boxes(QMessageBox::Yes);
-
-    pressDelete();
-
-    QCOMPARE(told, QStringList({"removed: 1 listed, 1 there", "changed: 0 listed, 0 there"}));
 }
 
 QTEST_MAIN(tst_BlockEditorView)

@@ -24,6 +24,7 @@ private slots:
     void addingStopsThePlayback();
     void theDelayChangesThePlayback();
     void playingMeetsFewerFrames();
+    void selectingShowsTheFirstFrame();
 };
 
 void tst_SpriteEditorPlayback::selectingSetsTheInterval_data()
@@ -199,6 +200,21 @@ void tst_SpriteEditorPlayback::playingMeetsFewerFrames()
     QCOMPARE(label(), QString("Frame 2 of 2"));
     m_view->animate();
     QCOMPARE(frames()->currentFrame(), 0);
+}
+
+void tst_SpriteEditorPlayback::selectingShowsTheFirstFrame()
+{
+    m_project->animation->addFrame();
+    SpriteAnim *other = m_project->sprites->createAnimation();
+    other->addFrame();
+    other->addFrame();
+    select(m_project->animation);
+    click(Action::Last);
+
+    select(other);
+
+    QCOMPARE(frames()->currentFrame(), 0);
+    QCOMPARE(label(), QString("Frame 1 of 3"));
 }
 
 QTEST_MAIN(tst_SpriteEditorPlayback)

@@ -5,12 +5,14 @@
 #include "model/Palette.h"
 #include "support/DragEvents.h"
 #include "support/TestSprites.h"
+#include "uikit/ThemedIcon.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QDrag>
 #include <QMenu>
 #include <QMimeData>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -91,6 +93,7 @@ private slots:
     void aCopyOfAnotherSizeIsFitted_data();
     void aCopyOfAnotherSizeIsFitted();
     void copiesOfFourBitSpritesSaySo();
+    void theAddCellShowsItsIcon();
 
 private:
     QRgb pixel(QPoint position) const { return m_list->grab().toImage().pixel(position); }
@@ -612,6 +615,20 @@ void tst_SpriteList::copiesOfFourBitSpritesSaySo()
     QCOMPARE(clip.type, static_cast<qint32>(Tessaril::Ui::ImageType::Offset16));
     QVERIFY(clip.paletteId.isNull());
     m_list->setSprites(nullptr);
+}
+
+void tst_SpriteList::theAddCellShowsItsIcon()
+{
+    QPixmap expected(Cell, Cell);
+    expected.fill(m_list->palette().color(QPalette::Base));
+    QPainter painter(&expected);
+    painter.drawPixmap(QRect(0, 0, Cell, Cell), themedIcon(":/AddDoc").pixmap(Cell, Cell));
+    painter.end();
+
+    const QImage shown = m_list->grab(m_list->cellRect(3)).toImage();
+
+    QCOMPARE(shown.convertToFormat(QImage::Format_RGB32),
+             expected.toImage().convertToFormat(QImage::Format_RGB32));
 }
 
 QTEST_MAIN(tst_SpriteList)
