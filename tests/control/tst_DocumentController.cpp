@@ -1,26 +1,14 @@
-#include "colour/PaletteWindow.h"
-#include "control/DocumentController.h"
-#include "control/ProjectController.h"
-#include "dialogs/PreferencesDialog.h"
-#include "editors/SpriteWindow.h"
-#include "editors/TilePickerTool.h"
-#include "editors/TileWindow.h"
+#include "control/Desk.h"
 #include "history/EditTarget.h"
-#include "mapeditor/BlockSelectorWindow.h"
 #include "mapeditor/MapGrid.h"
-#include "mapeditor/MapSpritesWindow.h"
-#include "mapeditor/ToolBar.h"
 #include "mapeditor/View.h"
-#include "menus/MenuBar.h"
 #include "model/Image.h"
 #include "model/Map.h"
 #include "model/Palette.h"
 #include "model/Project.h"
 #include "model/SpriteBank.h"
 #include "model/TileSet.h"
-#include "tree/ProjectWindow.h"
 
-#include <QMainWindow>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QTest>
@@ -41,37 +29,6 @@ public:
     void selectNone() override { calls += "none"; }
 
     QStringList calls;
-};
-
-/// The views without the window around them, and the controller between.
-struct Desk
-{
-    QMainWindow window;
-    ProjectWindow projectWindow;
-    PaletteWindow paletteWindow;
-    TileWindow tileWindow;
-    SpriteWindow spriteWindow;
-    TilePickerTool tilePicker;
-    BlockSelectorWindow blockSelector;
-    MapSpritesWindow mapSprites;
-    MapEditor::ToolBar mapToolBar;
-    DocumentTabView tabs;
-    MenuBar menuBar;
-    PreferencesDialog preferences;
-    ProjectController control{&window, menuBar.fileMenu()};
-    DocumentController documents{{.tabs = &tabs,
-                                  .projectWindow = &projectWindow,
-                                  .paletteWindow = &paletteWindow,
-                                  .tileWindow = &tileWindow,
-                                  .spriteWindow = &spriteWindow,
-                                  .tilePicker = &tilePicker,
-                                  .blockSelector = &blockSelector,
-                                  .mapSprites = &mapSprites,
-                                  .mapToolBar = &mapToolBar,
-                                  .menuBar = &menuBar,
-                                  .preferences = &preferences},
-                                 &control,
-                                 nullptr};
 };
 
 } // namespace
