@@ -1,135 +1,43 @@
-#include "editors/SpriteList.h"
-
 #include "canvas/CanvasClipboard.h"
-#include "editors/SpriteDrag.h"
-#include "model/Palette.h"
-#include "support/DragEvents.h"
-#include "support/TestSprites.h"
-#include "uikit/ThemedIcon.h"
+#include "editors/SpriteListFixture.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDrag>
 #include <QMenu>
 #include <QMimeData>
-#include <QPainter>
 #include <QSignalSpy>
-#include <QTest>
 
-#include <memory>
-
-using SpriteEditor::SpriteList;
-
-namespace {
-
-constexpr int Cell = 32;  // pixels at magnification 2
-constexpr int Width = 80; // two columns, and 8 pixels left and right
-constexpr int Margin = 8;
-
-/// Counts the paint events of a widget.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget *widget) { widget->installEventFilter(this); }
-
-    int count() const { return m_count; }
-
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        m_count += event->type() == QEvent::Paint;
-        return false;
-    }
-
-private:
-    int m_count = 0;
-};
-
-QPoint middle(int index)
-{
-    return {Margin + index % 2 * Cell + Cell / 2, index / 2 * Cell + Cell / 2};
-}
-
-} // namespace
-
-class tst_SpriteList : public QObject
+class tst_SpriteList : public QObject, private SpriteListFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { open(); }
+    void cleanup() { close(); }
 
     void heightFollowsTheWidth_data();
     void heightFollowsTheWidth();
     void withoutBankTheHeightIsTheWidth();
     void findsCellsAtPositions();
     void aNarrowListHasOneColumn();
-    void withoutBankItIsBlack();
-    void aBankWithoutSpritesShowsTheAddCellAlone();
-    void paintsSpritesScaledOverTheBase();
-    void repaintsWhatChanges();
-    void followsTheColoursOfThePalette();
-    void marksSelectedAndHoveredSprites();
     void clicksPickSprites();
     void theCellBehindTheLastAddsASprite();
     void releasesElsewhereDoNothing();
     void arrowKeysPick();
     void rightClicksOpenTheMenu();
     void theMenuActsOnThePressedSprite();
-    void dragsStartBeyondTheDragDistance();
-    void emptyPlacesStartNoDrag();
-    void dropsMoveOrCopyByTheModifiers_data();
-    void dropsMoveOrCopyByTheModifiers();
-    void dragsMarkTheTarget();
-    void foreignDropsAreRefused();
     void copiesWithIndicesAndPalette();
     void pastesIndicesOfACopy();
     void pastesPicturesOfOtherPrograms();
     void pastesNothingWithoutAPicture();
     void aBankThatDiesLeavesItEmpty();
-    void isSetUpForDragsAndHovering();
-    void marksReachTheFarCorner();
-    void hoveringTintsTheSprite();
     void aCopyOfAnotherSizeIsFitted_data();
     void aCopyOfAnotherSizeIsFitted();
     void copiesOfFourBitSpritesSaySo();
-    void theAddCellShowsItsIcon();
 
 private:
-    QRgb pixel(QPoint position) const { return m_list->grab().toImage().pixel(position); }
-    void press(int index, Qt::MouseButton button = Qt::LeftButton)
-    {
-        QTest::mousePress(m_list.get(), button, {}, middle(index));
-    }
-    void moveTo(QPoint position, Qt::MouseButtons buttons);
-    void choose(int entry);
-
-    std::unique_ptr<Palette> m_palette;
-    std::unique_ptr<SpriteBank> m_bank; // of three sprites
-    std::unique_ptr<SpriteList> m_list;
+    static void choose(int entry);
 };
-
-void tst_SpriteList::init()
-{
-    m_palette = std::make_unique<Palette>();
-    m_palette->setColour(1, Qt::red, false);
-    m_palette->setColour(2, Qt::green, false);
-    m_palette->setColour(3, Qt::blue, false);
-    m_bank = std::make_unique<SpriteBank>(Tessaril::Sprite::EightBit);
-    m_bank->setPalette(m_palette.get());
-    TestSprites::fill(*m_bank, 3);
-    m_list = std::make_unique<SpriteList>();
-    m_list->setMagnification(2);
-    m_list->resize(Width, 2 * Cell);
-    m_list->setSprites(m_bank.get());
-}
-
-void tst_SpriteList::cleanup()
-{
-    m_list.reset();
-    m_bank.reset();
-    m_palette.reset();
-}
 
 void tst_SpriteList::heightFollowsTheWidth_data()
 {
@@ -181,91 +89,6 @@ void tst_SpriteList::aNarrowListHasOneColumn()
 
     QCOMPARE(m_list->columns(), 1);
     QCOMPARE(m_list->cellRect(2).top(), 2 * Cell);
-}
-
-void tst_SpriteList::withoutBankItIsBlack()
-{
-    m_list->setSprites(nullptr);
-
-    QCOMPARE(pixel({20, 20}), qRgb(0, 0, 0));
-}
-
-void tst_SpriteList::aBankWithoutSpritesShowsTheAddCellAlone()
-{
-    m_bank->setStrip(QImage());
-    m_list->refresh();
-    QSignalSpy added(m_list.get(), &SpriteList::addSprite);
-
-    QCOMPARE(m_list->heightForWidth(Width), Cell);
-    const QImage shown = m_list->grab().toImage();
-    QVERIFY(shown.copy(m_list->cellRect(0)) != shown.copy(m_list->cellRect(1)));
-    QTest::mouseClick(m_list.get(), Qt::LeftButton, {}, middle(0));
-    QCOMPARE(added.count(), 1);
-}
-
-void tst_SpriteList::paintsSpritesScaledOverTheBase()
-{
-    QImage sprite = TestSprites::filled(2);
-    sprite.scanLine(15)[15] = SpriteBank::DefaultTransparency;
-    m_bank->setImage(1, sprite);
-
-    const QImage shown = m_list->grab().toImage();
-
-    QCOMPARE(shown.pixelColor(middle(0)), QColor(Qt::red));
-    QCOMPARE(shown.pixelColor(Margin + Cell, 0), QColor(Qt::green));
-    QCOMPARE(shown.pixelColor(Margin + 2 * Cell - 3, Cell - 1), QColor(Qt::green));
-    const QColor base = m_list->palette().color(QPalette::Base);
-    QCOMPARE(shown.pixelColor(Margin + 2 * Cell - 2, Cell - 2), base);
-    QCOMPARE(shown.pixelColor(2, 2), base);
-    QCOMPARE(shown.pixelColor(middle(2)), QColor(Qt::blue));
-}
-
-void tst_SpriteList::repaintsWhatChanges()
-{
-    m_list->grab();
-
-    m_bank->setImage(0, TestSprites::filled(3));
-    QCOMPARE(pixel(middle(0)), qRgb(0, 0, 255));
-    m_bank->addSprite();
-    m_bank->setImage(3, TestSprites::filled(2));
-    QCOMPARE(pixel(middle(3)), qRgb(0, 255, 0));
-    const SpriteBank::State state = m_bank->state();
-    m_bank->deleteSprite(0);
-    QCOMPARE(pixel(middle(0)), qRgb(0, 255, 0));
-    m_bank->restore(state);
-    QCOMPARE(pixel(middle(0)), qRgb(0, 0, 255));
-}
-
-void tst_SpriteList::followsTheColoursOfThePalette()
-{
-    m_list->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_list.get()));
-    m_list->grab();
-    PaintCounter painted(m_list.get());
-
-    m_palette->setColour(1, Qt::white, false);
-
-    QTRY_VERIFY(painted.count() > 0);
-    QCOMPARE(pixel(middle(0)), qRgb(255, 255, 255));
-}
-
-void tst_SpriteList::marksSelectedAndHoveredSprites()
-{
-    m_list->setSelectedIndex(2);
-    moveTo(middle(0), Qt::NoButton);
-    m_list->setAttribute(Qt::WA_UnderMouse);
-
-    QImage shown = m_list->grab().toImage();
-    QCOMPARE(m_list->hoverIndex(), 0);
-    QVERIFY(shown.pixelColor(middle(0)) != QColor(Qt::red));
-    QSet<QRgb> border;
-    for (int x = 0; x < Cell; ++x)
-        border.insert(shown.pixel(m_list->cellRect(2).topLeft() + QPoint(x, 0)));
-    QCOMPARE(border, QSet<QRgb>({qRgb(0, 0, 0), qRgb(255, 255, 255)}));
-    QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(m_list.get(), &leave);
-    QCOMPARE(m_list->hoverIndex(), -1);
-    QCOMPARE(pixel(middle(0)), qRgb(255, 0, 0));
 }
 
 void tst_SpriteList::clicksPickSprites()
@@ -332,13 +155,6 @@ void tst_SpriteList::rightClicksOpenTheMenu()
     menu->close();
 }
 
-void tst_SpriteList::moveTo(QPoint position, Qt::MouseButtons buttons)
-{
-    QMouseEvent event(QEvent::MouseMove, position, m_list->mapToGlobal(position), Qt::NoButton,
-                      buttons, Qt::NoModifier);
-    QCoreApplication::sendEvent(m_list.get(), &event);
-}
-
 /// Chooses from the menu that is open.
 void tst_SpriteList::choose(int entry)
 {
@@ -362,95 +178,6 @@ void tst_SpriteList::theMenuActsOnThePressedSprite()
     choose(1);
     QCOMPARE(cleared.count(), 1);
     QCOMPARE(cleared.at(0).at(0).toInt(), 2);
-}
-
-void tst_SpriteList::dragsStartBeyondTheDragDistance()
-{
-    const QPoint start = middle(1);
-
-    press(1);
-    moveTo(start + QPoint(QApplication::startDragDistance() - 1, 0), Qt::LeftButton);
-    QVERIFY(!m_list->findChild<QDrag *>());
-    moveTo(start + QPoint(QApplication::startDragDistance(), 0), Qt::LeftButton);
-
-    const auto *drag = m_list->findChild<QDrag *>();
-    QVERIFY(drag);
-    QCOMPARE(SpriteDrag::index(drag->mimeData()), std::optional<int>(1));
-    QCOMPARE(drag->pixmap().size(), QSize(Cell, Cell));
-    QCOMPARE(drag->pixmap().toImage().pixelColor(Cell / 2, Cell / 2), QColor(Qt::green));
-}
-
-void tst_SpriteList::emptyPlacesStartNoDrag()
-{
-    press(3);
-    moveTo(middle(0), Qt::LeftButton);
-    QVERIFY(!m_list->findChild<QDrag *>());
-
-    press(1, Qt::RightButton);
-    moveTo(middle(0), Qt::RightButton);
-    QVERIFY(!m_list->findChild<QDrag *>());
-}
-
-void tst_SpriteList::dropsMoveOrCopyByTheModifiers_data()
-{
-    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-    QTest::addColumn<int>("target");
-    QTest::addColumn<QString>("expected");
-
-    using Modifiers = Qt::KeyboardModifiers;
-    QTest::newRow("plain") << Modifiers(Qt::NoModifier) << 2 << "move 0 2";
-    QTest::newRow("Shift") << Modifiers(Qt::ShiftModifier) << 2 << "copy 0 2";
-    QTest::newRow("Ctrl") << Modifiers(Qt::ControlModifier) << 2 << "";
-    QTest::newRow("Shift and Ctrl") << (Qt::ShiftModifier | Qt::ControlModifier) << 2 << "";
-    QTest::newRow("on itself") << Modifiers(Qt::NoModifier) << 0 << "";
-    QTest::newRow("on the add cell") << Modifiers(Qt::NoModifier) << 3 << "";
-}
-
-void tst_SpriteList::dropsMoveOrCopyByTheModifiers()
-{
-    QFETCH(Qt::KeyboardModifiers, modifiers);
-    QFETCH(int, target);
-    QFETCH(QString, expected);
-    QStringList sent;
-    connect(m_list.get(), &SpriteList::moveSprite, this,
-            [&](int s, int d) { sent += QString("move %1 %2").arg(s).arg(d); });
-    connect(m_list.get(), &SpriteList::copySprite, this,
-            [&](int s, int d) { sent += QString("copy %1 %2").arg(s).arg(d); });
-
-    press(0);
-    DragEvents::drop(m_list.get(), middle(target), SpriteDrag::mimeData(0).get(), modifiers);
-
-    QCOMPARE(sent.join(','), expected);
-    QCOMPARE(m_list->dropIndex(), -1);
-}
-
-void tst_SpriteList::dragsMarkTheTarget()
-{
-    const auto sprite = SpriteDrag::mimeData(0);
-
-    QVERIFY(DragEvents::enter(m_list.get(), middle(1), sprite.get()));
-    DragEvents::move(m_list.get(), middle(1), sprite.get());
-    QCOMPARE(m_list->dropIndex(), 1);
-    QCOMPARE(pixel({Margin + Cell + Cell - 1, Cell / 2}), qRgb(0, 255, 0));
-    QVERIFY(pixel({Margin + Cell + Cell - 2, Cell / 2}) != qRgb(0, 255, 0));
-    DragEvents::move(m_list.get(), middle(3), sprite.get());
-    QCOMPARE(m_list->dropIndex(), -1);
-    DragEvents::move(m_list.get(), middle(2), sprite.get());
-    DragEvents::leave(m_list.get());
-    QCOMPARE(m_list->dropIndex(), -1);
-}
-
-void tst_SpriteList::foreignDropsAreRefused()
-{
-    QSignalSpy moved(m_list.get(), &SpriteList::moveSprite);
-    QMimeData text;
-    text.setText("0");
-
-    press(0);
-    QVERIFY(!DragEvents::enter(m_list.get(), middle(1), &text));
-    QVERIFY(!DragEvents::drop(m_list.get(), middle(1), SpriteDrag::mimeData(2).get()));
-
-    QCOMPARE(moved.count(), 0);
 }
 
 void tst_SpriteList::copiesWithIndicesAndPalette()
@@ -526,46 +253,6 @@ void tst_SpriteList::aBankThatDiesLeavesItEmpty()
     QTest::keyClick(m_list.get(), Qt::Key_Right);
 }
 
-void tst_SpriteList::isSetUpForDragsAndHovering()
-{
-    QVERIFY(m_list->testAttribute(Qt::WA_OpaquePaintEvent));
-    QVERIFY(m_list->acceptDrops());
-    QVERIFY(m_list->hasMouseTracking());
-    QCOMPARE(m_list->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
-    QVERIFY(m_list->sizePolicy().verticalPolicy() != QSizePolicy::Expanding);
-}
-
-void tst_SpriteList::marksReachTheFarCorner()
-{
-    m_list->setSelectedIndex(0);
-    const QRect cell = m_list->cellRect(0);
-
-    const QImage shown = m_list->grab().toImage();
-
-    QSet<QRgb> border;
-    for (int i = 0; i < Cell; ++i) {
-        border.insert(shown.pixel(cell.right(), cell.top() + i));
-        border.insert(shown.pixel(cell.left() + i, cell.bottom()));
-    }
-    QCOMPARE(border, QSet<QRgb>({qRgb(0, 0, 0), qRgb(255, 255, 255)}));
-    QCOMPARE(shown.pixelColor(cell.right() - 1, cell.center().y()), QColor(Qt::red));
-}
-
-void tst_SpriteList::hoveringTintsTheSprite()
-{
-    moveTo(middle(0), Qt::NoButton);
-    QVERIFY(!m_list->underMouse());
-    QCOMPARE(pixel(middle(0)), qRgb(255, 0, 0));
-    m_list->setAttribute(Qt::WA_UnderMouse);
-
-    const QColor inside = pixel(middle(0)); // 80 of 255 parts (160, 160, 255) over red
-    QVERIFY(qAbs(inside.red() - 225) <= 1);
-    QVERIFY(qAbs(inside.green() - 50) <= 1);
-    QVERIFY(qAbs(inside.blue() - 80) <= 1);
-    const QColor line = pixel(m_list->cellRect(0).topLeft() + QPoint(Cell / 2, 0));
-    QVERIFY(line.blue() > inside.blue() + 20); // 128 parts
-}
-
 void tst_SpriteList::aCopyOfAnotherSizeIsFitted_data()
 {
     QTest::addColumn<QSize>("size");
@@ -615,20 +302,6 @@ void tst_SpriteList::copiesOfFourBitSpritesSaySo()
     QCOMPARE(clip.type, static_cast<qint32>(Tessaril::Ui::ImageType::Offset16));
     QVERIFY(clip.paletteId.isNull());
     m_list->setSprites(nullptr);
-}
-
-void tst_SpriteList::theAddCellShowsItsIcon()
-{
-    QPixmap expected(Cell, Cell);
-    expected.fill(m_list->palette().color(QPalette::Base));
-    QPainter painter(&expected);
-    painter.drawPixmap(QRect(0, 0, Cell, Cell), themedIcon(":/AddDoc").pixmap(Cell, Cell));
-    painter.end();
-
-    const QImage shown = m_list->grab(m_list->cellRect(3)).toImage();
-
-    QCOMPARE(shown.convertToFormat(QImage::Format_RGB32),
-             expected.toImage().convertToFormat(QImage::Format_RGB32));
 }
 
 QTEST_MAIN(tst_SpriteList)
