@@ -145,11 +145,11 @@ void Examples::makeIsland(Project *project)
         }
     }
     drawThings(scene);
-    scene.animate({QStringLiteral("Campfire"), {2, 2}, 6, 4}, IslandThings::campfire,
-                  {square(20, 10)});
+    IslandThings::campfire(scene.brush(), square(20, 10), 0);
+    IslandThings::flag(scene.brush(), square(15, 19), 0);
+    // Only on the open sea, which is tile 0: a map's file has that tile below its blocks.
     scene.animate({QStringLiteral("Ripple"), {2, 2}, 12, 4}, IslandThings::ripple,
                   {square(2, 2), square(4, 21), square(28, 4), square(26, 20), square(7, 22)});
-    scene.animate({QStringLiteral("Flag"), {2, 2}, 8, 4}, IslandThings::flag, {square(15, 19)});
     if (const auto map = scene.makeMap(project, QStringLiteral("Saltmere")))
         placeFolk(project, map);
 }

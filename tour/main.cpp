@@ -1,5 +1,5 @@
 #include "app/Identity.h"
-#include "formats/FileBytes.h"
+#include "support/OwnHome.h"
 #include "tour/MapDesk.h"
 #include "tour/PaintDesk.h"
 
@@ -8,21 +8,6 @@
 #include <cstdio>
 
 namespace {
-
-/// Makes a home below the folder, so that nothing of the user's is read or written.
-bool useOwnHome(const QDir &folder)
-{
-    const QString home = folder.absoluteFilePath(QStringLiteral("home"));
-    const QString settings = home + QStringLiteral("/.config/tessaril");
-    QDir(home).removeRecursively();
-    qputenv("HOME", home.toUtf8());
-    for (const char *const name :
-         {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"})
-        qunsetenv(name);
-    return QDir().mkpath(settings) &&
-           FileBytes::write(settings + QStringLiteral("/preferences.json"),
-                            R"({"general": {"versionCheckEnabled": false}})");
-}
 
 void tourWindow(Tour &tour, const QString &reader)
 {
