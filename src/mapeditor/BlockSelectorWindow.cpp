@@ -60,6 +60,7 @@ void BlockSelectorWindow::setTileSet(const QPointer<TileSet> &tileSet)
 
 void BlockSelectorWindow::listBlocks()
 {
+    const auto shown = m_blockLists.value(m_listCombo->currentIndex());
     for (const auto &blocks : std::as_const(m_blockLists)) {
         if (blocks)
             disconnect(blocks, nullptr, this, nullptr);
@@ -83,6 +84,9 @@ void BlockSelectorWindow::listBlocks()
             connect(blocks, &MapObjects::nameChanged, this, &BlockSelectorWindow::listBlocks);
             connect(blocks, &QObject::destroyed, this, &BlockSelectorWindow::listBlocks);
         }
+        const auto place = m_blockLists.indexOf(shown);
+        if (shown && place >= 0)
+            m_listCombo->setCurrentIndex(static_cast<int>(place));
     }
     changeList(m_listCombo->currentIndex());
 }

@@ -5,10 +5,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QScreen>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 using namespace MapEditor;
 
@@ -30,6 +27,11 @@ SpritePropertiesPopover::SpritePropertiesPopover(QWidget *parent)
     connect(m_form, &SpriteProperties::spriteEdited, this, &SpritePropertiesPopover::spriteEdited);
 }
 
+const Map::PlacedSprite &SpritePropertiesPopover::sprite() const
+{
+    return m_form->sprite();
+}
+
 void SpritePropertiesPopover::showFor(const Map::PlacedSprite &sprite, const QRect &area)
 {
     m_form->setSprite(sprite);
@@ -47,24 +49,7 @@ void SpritePropertiesPopover::place(const QRect &area)
     const int middle = area.top() + area.height() / 2;
     const QPoint leftAnchor(area.left(), middle);
     const QPoint rightAnchor(area.right() + 1, middle);
-    const QScreen *screen = QGuiApplication::screenAt(rightAnchor);
-    if (!screen)
-        screen = QGuiApplication::screenAt(leftAnchor);
-    if (!screen) {
-        placeAt(rightAnchor, DialogPosition::LeftOf);
-        return;
-    }
-
-    const QRect available = screen->availableGeometry();
-    if (rightAnchor.x() + width() > available.right())
-        placeAt(leftAnchor, DialogPosition::TopCentre);
-    else
-        placeAt(rightAnchor, DialogPosition::LeftOf);
-    const auto clamped = [](int value, int first, int last) {
-        return std::clamp(value, first, std::max(first, last));
-    };
-    move(clamped(x(), available.left(), available.right() + 1 - width()),
-         clamped(y(), available.top(), available.bottom() + 1 - height()));
+    placeBeside(leftAnchor, rightAnchor);
 }
 
 void SpritePropertiesPopover::showEvent(QShowEvent *event)

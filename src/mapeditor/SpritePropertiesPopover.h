@@ -23,6 +23,9 @@ public:
 
     explicit SpritePropertiesPopover(QWidget *parent = nullptr);
 
+    /// As the form shows it.
+    const Map::PlacedSprite &sprite() const;
+
     /// Lets a press at a global point pass without closing.
     void setKeepOpen(KeepOpen keepOpen) { m_keepOpen = std::move(keepOpen); }
 

@@ -60,6 +60,7 @@ void View::setMap(const QPointer<Map> &map)
     if (m_map) {
         if (const auto tileSet = m_map->tileSet()) {
             connect(tileSet, &TileSet::tileChanged, m_grid, &MapGrid::tileMapChanged);
+            connect(tileSet, &TileSet::structureChanged, m_grid, &MapGrid::tileMapChanged);
             connect(tileSet, &TileSet::restored, m_grid, &MapGrid::tileMapChanged);
             // Inserted and deleted tiles renumber cells, and tell no picture.
             connect(tileSet, &TileSet::structureChanged, m_grid, &MapGrid::tileMapChanged);
@@ -79,7 +80,12 @@ void View::setMap(const QPointer<Map> &map)
 
 void View::setUndoStack(QUndoStack *stack)
 {
+    if (m_undoStack)
+        disconnect(m_undoStack, nullptr, this, nullptr);
+    m_undoStack = stack;
     m_grid->setUndoStack(stack);
+    if (stack)
+        connect(stack, &QUndoStack::indexChanged, this, &View::refreshSpriteProperties);
 }
 
 void View::applySettings(const ViewSettings &settings)
@@ -386,6 +392,16 @@ void View::followSelectedSprite(int index)
         showSpriteProperties(index);
     else
         m_spritePopover.hide();
+}
+
+/// A drag moves the sprite without choosing another one: an edit of the form, which holds the place
+/// as well, would put it back.
+void View::refreshSpriteProperties()
+{
+    const int index = m_grid->selectedSprite();
+    if (m_spritePopover.isVisible() && m_grid->spriteScreenRect(index).isValid() &&
+        m_map->sprites().at(index) != m_spritePopover.sprite())
+        showSpriteProperties(index);
 }
 
 bool View::isOverSprite(QPoint globalPosition) const

@@ -110,6 +110,7 @@ private:
     void announceMode(Tessaril::Ui::ToolButton mode);
     void showSpriteProperties(int index);
     void followSelectedSprite(int index);
+    void refreshSpriteProperties();
     bool isOverSprite(QPoint globalPosition) const;
     void showResizeDialog();
     void showExportDialog();
@@ -133,6 +134,7 @@ private:
     SpritePropertiesPopover m_spritePopover;
     QPointer<Map> m_map;
     bool m_wasAnimating = false;
+    QPointer<QUndoStack> m_undoStack;
     ExportMapDialog *m_exportDialog = nullptr; // made at its first use
 };
 

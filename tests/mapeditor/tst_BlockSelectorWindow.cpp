@@ -28,6 +28,7 @@ private slots:
     void noTileSetEmptiesTheDock();
     void anotherListShowsItsOwnBlocks();
     void newBlocksJoinTheList();
+    void aRenamedListStaysChosen();
     void aTileSetThatWasLeftIsNotFollowed();
     void choosingABlockSendsIt();
     void pressingTheChosenBlockSendsItAgain();
@@ -124,6 +125,22 @@ void tst_BlockSelectorWindow::newBlocksJoinTheList()
     m_doors->createTileAnimation(QStringLiteral("Hatch"));
 
     QCOMPARE(count(), 2);
+}
+
+void tst_BlockSelectorWindow::aRenamedListStaysChosen()
+{
+    m_window->setTileSet(m_tiles->set.get());
+    QTest::keyClick(combo(), Qt::Key_Down);
+
+    m_plants->setName(QStringLiteral("Trees"));
+
+    QCOMPARE(combo()->currentText(), QStringLiteral("Trees"));
+    QCOMPARE(count(), 2);
+    m_doors->setName(QStringLiteral("Zoo"));
+    QCOMPARE(combo()->currentText(), QStringLiteral("Trees"));
+    m_plants.reset();
+    QCOMPARE(combo()->currentText(), QStringLiteral("Zoo"));
+    QCOMPARE(count(), 1);
 }
 
 void tst_BlockSelectorWindow::aTileSetThatWasLeftIsNotFollowed()

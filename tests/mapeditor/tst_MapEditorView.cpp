@@ -29,6 +29,32 @@ using MapEditor::View;
 using Tessaril::Position;
 using Tool = Tessaril::Ui::ToolButton;
 
+namespace {
+
+/// Counts how often a widget is painted.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget &widget)
+    {
+        QCoreApplication::processEvents();
+        widget.installEventFilter(this);
+    }
+    int count() const { return m_count; }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        m_count += event->type() == QEvent::Paint;
+        return false;
+    }
+
+private:
+    int m_count = 0;
+};
+
+} // namespace
+
 class tst_MapEditorView : public QObject
 {
     Q_OBJECT
@@ -55,6 +81,7 @@ private slots:
     void theTabFollowsTheNameOfTheMap();
     void tilesUnderPlacedObjectsAreCleared();
     void theCornerOpensTheDialogsOfTheMap();
+    void changedTilesAreRepainted();
 
 private:
     QLabel *sizeLabel() const { return m_bar->findChildren<QLabel *>().last(); }
@@ -359,6 +386,32 @@ void tst_MapEditorView::theCornerOpensTheDialogsOfTheMap()
     auto *const dialog = m_view->findChild<ExportMapDialog *>();
     QVERIFY(dialog);
     QVERIFY(dialog->isVisible());
+}
+
+void tst_MapEditorView::changedTilesAreRepainted()
+{
+    const auto corner = [this] {
+        return m_view->grid()->cellGeometry().fromCells({0, 0, 1, 1}).center();
+    };
+    m_map->objectLayer()->setVisible(false);
+    PaintCounter paints(*m_view->grid());
+
+    m_tiles->set->notifyImageChanged(1);
+    QTRY_COMPARE(paints.count(), 1);
+    m_tiles->set->deleteTile(0);
+    QTRY_COMPARE(paints.count(), 2);
+    const QColor colour = m_tiles->set->tileImage(0, false, false, false, 0).pixelColor(0, 0);
+    QCOMPARE(m_view->grid()->grab().toImage().pixelColor(corner()), colour);
+    const int grabbed = paints.count();
+    m_tiles->set->notifyRestored();
+    QTRY_COMPARE(paints.count(), grabbed + 1);
+
+    m_view->setMap(nullptr);
+    QCoreApplication::processEvents();
+    const int before = paints.count();
+    m_tiles->set->notifyImageChanged(1);
+    QCoreApplication::processEvents();
+    QCOMPARE(paints.count(), before);
 }
 
 QTEST_MAIN(tst_MapEditorView)

@@ -75,6 +75,7 @@ void tst_SpritePropertiesPopover::staysInsideTheScreen()
         popover.showFor(Map::PlacedSprite(), {screen().left() + 20, y, 16, 16});
         QVERIFY(screen().contains(popover.geometry()));
     }
+    QCOMPARE(popover.y(), screen().bottom() - popover.height());
 }
 
 void tst_SpritePropertiesPopover::stealsNothingWhenNoScreenIsThere()
