@@ -149,20 +149,20 @@ void MapGrid::removeRows(Position where, int count)
 {
     if (!m_map)
         return;
-    const int possible = std::min(count, m_map->tileLayer()->height() - 1);
+    const int possible = std::max(0, std::min(count, m_map->tileLayer()->height() - 1));
     const QPoint shift = where == Position::Begin ? QPoint(0, -1) : QPoint();
+    m_selection = m_selection.intersected(m_map->tileLayer()->rect().adjusted(0, 0, 0, -possible));
     changeSize(QStringLiteral("Remove Rows"), where, shift, possible, &TileMap::removeRow);
-    m_selection = m_selection.intersected(m_map->tileLayer()->rect());
 }
 
 void MapGrid::removeColumns(Position where, int count)
 {
     if (!m_map)
         return;
-    const int possible = std::min(count, m_map->tileLayer()->width() - 1);
+    const int possible = std::max(0, std::min(count, m_map->tileLayer()->width() - 1));
     const QPoint shift = where == Position::Begin ? QPoint(-1, 0) : QPoint();
+    m_selection = m_selection.intersected(m_map->tileLayer()->rect().adjusted(0, 0, -possible, 0));
     changeSize(QStringLiteral("Remove Columns"), where, shift, possible, &TileMap::removeColumn);
-    m_selection = m_selection.intersected(m_map->tileLayer()->rect());
 }
 
 void MapGrid::changeSize(const QString &text, Position where, QPoint shift, int count,

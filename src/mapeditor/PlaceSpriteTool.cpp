@@ -69,7 +69,9 @@ void PlaceSpriteTool::placeTemplate(QPoint pixel)
     const int index = static_cast<int>(map.sprites().size()) - 1;
     m_grid->m_hoverSprite = index;
     m_grid->endEdit(QStringLiteral("Place Sprite"));
-    m_grid->selectSprite(index);
+    // Also when a sprite that has gone by now had this number.
+    m_grid->m_selectedSprite = index;
+    emit m_grid->selectedSpriteChanged(index);
     m_grid->update();
 }
 
