@@ -34,6 +34,15 @@ private slots:
     void aNarrowFrameWritesOnlyItsCells();
     void cellsBeyondTheMapAreNotWritten();
     void frameCellsComeWithTheirAttributes();
+    void everyTickIsAsWrittenDown_data();
+    void everyTickIsAsWrittenDown();
+    void ofEqualPlacesTheLaterPlays();
+    void aSecondPlacementShowsWhereTheFirstStands();
+    void aFrameOutOfRangeShowsTheFirst();
+    void aNegativeFrameIsSkippedOnlyWhenSeen();
+    void whatIsUnknownIsPassedOver();
+    void oneTickSendsOnce();
+    void aStopKeepsThePhase();
 
 private:
     int cellAt(int x, int y) const { return m_map->objectLayer()->cell({x, y}).index; }
@@ -245,6 +254,153 @@ void tst_MapAnimator::frameCellsComeWithTheirAttributes()
                                      .offset = 4,
                                      .occupied = true};
     QVERIFY(cell == expected);
+}
+
+void tst_MapAnimator::everyTickIsAsWrittenDown_data()
+{
+    QTest::addColumn<int>("delay");
+    QTest::addColumn<QList<int>>("cells"); // at the block's corner, after each tick
+    QTest::addColumn<QList<int>>("sent");  // signals in each tick
+
+    // Tick 0 counts as seen by a new block, so it is written there whatever its delay.
+    QTest::newRow("every tick") << 1 << QList<int>{5, 7, 5, 7, 5, 7, 5, 7}
+                                << QList<int>{1, 1, 1, 1, 1, 1, 1, 1};
+    QTest::newRow("every second") << 2 << QList<int>{5, 5, 7, 7, 5, 5, 7, 7}
+                                  << QList<int>{1, 0, 1, 0, 1, 0, 1, 0};
+    QTest::newRow("every third") << 3 << QList<int>{5, 5, 5, 7, 7, 7, 5, 5}
+                                 << QList<int>{1, 0, 0, 1, 0, 0, 1, 0};
+    QTest::newRow("never") << 0 << QList<int>{5, 5, 5, 5, 5, 5, 5, 5}
+                           << QList<int>{1, 0, 0, 0, 0, 0, 0, 0};
+}
+
+void tst_MapAnimator::everyTickIsAsWrittenDown()
+{
+    QFETCH(int, delay);
+    TileAnimation *block = makeBlock(delay);
+    m_map->addAnimation({.id = block->id(), .rect = {1, 2, 2, 1}});
+    QSignalSpy advanced(m_animator.get(), &MapAnimator::framesAdvanced);
+    QList<int> cells;
+    QList<int> sent;
+
+    for (int tick = 0; tick < 8; ++tick) {
+        m_animator->tick();
+        cells.append(cellAt(1, 2));
+        sent.append(static_cast<int>(advanced.count()));
+        advanced.clear();
+    }
+
+    QTEST(cells, "cells");
+    QTEST(sent, "sent");
+    QCOMPARE(m_animator->ticks(), 8);
+}
+
+void tst_MapAnimator::ofEqualPlacesTheLaterPlays()
+{
+    TileAnimation *first = makeBlock(1);
+    TileAnimation *second = makeBlock(1);
+    second->frame(0)->setCell({0, 0}, {.index = 11});
+    second->frame(1)->setCell({0, 0}, {.index = 12});
+    m_map->addAnimation({.id = first->id(), .rect = {1, 2, 2, 1}});
+    m_map->addAnimation({.id = second->id(), .rect = {1, 2, 2, 1}});
+
+    m_animator->tick();
+    QCOMPARE(cellAt(1, 2), 11);
+    m_animator->tick();
+
+    QCOMPARE(cellAt(1, 2), 12);
+    QCOMPARE(first->currentFrame, 0);
+}
+
+void tst_MapAnimator::aSecondPlacementShowsWhereTheFirstStands()
+{
+    TileAnimation *block = makeBlock(0);
+    m_map->addAnimation({.id = block->id(), .rect = {0, 0, 2, 1}});
+    m_map->addAnimation({.id = block->id(), .rect = {3, 3, 2, 1}});
+    m_animator->tick();
+    m_map->objectLayer()->fill(m_map->objectLayer()->rect(), true);
+    QSignalSpy advanced(m_animator.get(), &MapAnimator::framesAdvanced);
+
+    m_animator->tick();
+
+    QCOMPARE(cellAt(0, 0) + cellAt(3, 3), 5); // one of the two
+    QCOMPARE(advanced.count(), 1);
+    QCOMPARE(block->currentFrame, 0);
+}
+
+void tst_MapAnimator::aFrameOutOfRangeShowsTheFirst()
+{
+    TileAnimation *block = makeBlock(0);
+    block->currentFrame = 9;
+    m_map->addAnimation({.id = block->id(), .rect = {1, 2, 2, 1}});
+
+    m_animator->tick();
+
+    QCOMPARE(cellAt(1, 2), 5);
+    QCOMPARE(block->currentFrame, 9);
+}
+
+void tst_MapAnimator::aNegativeFrameIsSkippedOnlyWhenSeen()
+{
+    TileAnimation *block = makeBlock(1);
+    block->currentFrame = -1;
+    m_map->addAnimation({.id = block->id(), .rect = {1, 2, 2, 1}});
+    QSignalSpy advanced(m_animator.get(), &MapAnimator::framesAdvanced);
+
+    m_animator->tick();
+    QCOMPARE(cellAt(1, 2), 0);
+    QCOMPARE(advanced.count(), 0);
+    m_animator->tick();
+
+    QCOMPARE(cellAt(1, 2), 5);
+    QCOMPARE(block->currentFrame, 0);
+}
+
+void tst_MapAnimator::whatIsUnknownIsPassedOver()
+{
+    TileAnimation *block = makeBlock(1);
+    m_map->addAnimation({.id = QUuid::createUuid(), .rect = {3, 0, 2, 1}});
+    m_map->addAnimation({.id = block->id(), .rect = {1, 2, 2, 1}});
+    MapObjects others; // of another tile set
+    TileAnimation *stranger = others.createTileAnimation(QStringLiteral("Stranger"));
+    stranger->setDelay(1);
+    stranger->addFrame()->setCell({0, 0}, {.index = 13});
+    m_map->addAnimation({.id = stranger->id(), .rect = {5, 0, 1, 1}});
+
+    m_animator->tick();
+    m_animator->tick();
+
+    QCOMPARE(cellAt(1, 2), 7);
+    QCOMPARE(cellAt(3, 0), 0);
+    QCOMPARE(cellAt(5, 0), 0);
+}
+
+void tst_MapAnimator::oneTickSendsOnce()
+{
+    TileAnimation *block = makeBlock(1);
+    m_map->addAnimation({.id = block->id(), .rect = {0, 0, 2, 1}});
+    m_map->addAnimation({.id = block->id(), .rect = {3, 3, 2, 1}});
+    m_map->sprites().append(Map::PlacedSprite());
+    QList<qint64> seen;
+    connect(m_animator.get(), &MapAnimator::framesAdvanced, this,
+            [this, &seen] { seen.append(m_animator->ticks()); });
+
+    m_animator->tick();
+    m_animator->tick();
+
+    QCOMPARE(seen, QList<qint64>({1, 2})); // raised by then
+}
+
+void tst_MapAnimator::aStopKeepsThePhase()
+{
+    m_animator->tick();
+    m_animator->tick();
+    m_animator->timer().start();
+    m_animator->timer().stop();
+    QCOMPARE(m_animator->ticks(), 2);
+
+    m_animator->tick();
+
+    QCOMPARE(m_animator->ticks(), 3);
 }
 
 QTEST_GUILESS_MAIN(tst_MapAnimator)

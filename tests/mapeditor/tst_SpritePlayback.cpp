@@ -21,6 +21,9 @@ private slots:
     void anAnimationCoversItsCells();
     void anAnimationShowsTheFrameOfTheTick();
     void cellsTakeThePaletteOffsetOfTheSprite();
+    void cellsTurnByThemselvesThenAllTogether();
+    void aStillSpriteTurnsWithItsOffset();
+    void anAnimationWithoutFramesShowsNothing();
 
 private:
     static Map::PlacedSprite animated(const SpriteAnim &animation);
@@ -159,6 +162,72 @@ void tst_SpritePlayback::cellsTakeThePaletteOffsetOfTheSprite()
              bank.spriteImage(0, 2, false, false, false).pixelColor(3, 3));
     QVERIFY(spriteImage({&bank}, sprite, 0).pixelColor(3, 3) !=
             bank.spriteImage(0, 7, false, false, false).pixelColor(3, 3));
+}
+
+void tst_SpritePlayback::cellsTurnByThemselvesThenAllTogether()
+{
+    Palette palette;
+    palette.setDefaultColours();
+    SpriteBank bank(Tessaril::Sprite::EightBit);
+    bank.setPalette(&palette);
+    QImage marked = TestSprites::filled(100);
+    marked.bits()[0] = 200;
+    bank.setImage(0, marked);
+    SpriteAnim *animation = bank.createAnimation();
+    animation->setSize({2, 1});
+    animation->frame(0)->setCell({1, 0}, {.index = 0, .mirror = true});
+    Map::PlacedSprite sprite = animated(*animation);
+    const QColor mark = bank.spriteImage(0, 0, false, false, false).pixelColor(0, 0);
+    const auto marks = [&bank, &sprite, mark] {
+        const QImage image = spriteImage({&bank}, sprite, 0);
+        QList<QPoint> found;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) == mark)
+                    found.append({x, y});
+            }
+        }
+        return found;
+    };
+
+    QCOMPARE(marks(), QList<QPoint>({{0, 0}, {31, 0}}));
+    sprite.flip = true;
+    QCOMPARE(marks(), QList<QPoint>({{0, 15}, {31, 15}}));
+    sprite.rotate = true; // a quarter turn clockwise first, so both stand at the right
+    QCOMPARE(marks(), QList<QPoint>({{15, 0}, {15, 31}}));
+    sprite.mirror = true;
+    QCOMPARE(marks(), QList<QPoint>({{0, 0}, {0, 31}}));
+}
+
+void tst_SpritePlayback::aStillSpriteTurnsWithItsOffset()
+{
+    Palette palette;
+    palette.setDefaultColours();
+    SpriteBank bank(Tessaril::Sprite::FourBit);
+    bank.setPalette(&palette);
+    QImage marked = TestSprites::filled(3);
+    marked.bits()[0] = 9;
+    bank.setImage(0, marked);
+    Map::PlacedSprite sprite;
+    sprite.bank = bank.id();
+    sprite.sprite = 0;
+    sprite.rotate = true;
+    sprite.paletteOffset = 2;
+
+    const QImage image = spriteImage({&bank}, sprite, 50);
+
+    QCOMPARE(image, bank.spriteImage(0, 2, true, false, false));
+    QCOMPARE(image.pixelColor(15, 0), palette.colour(2 * 16 + 9));
+}
+
+void tst_SpritePlayback::anAnimationWithoutFramesShowsNothing()
+{
+    SpriteBank bank(Tessaril::Sprite::EightBit);
+    SpriteAnim *animation = bank.createAnimation();
+    animation->clearFrames();
+
+    QVERIFY(spriteImage({&bank}, animated(*animation), 0).isNull());
+    QVERIFY(spriteImage({&bank}, animated(*animation), 99).isNull());
 }
 
 QTEST_GUILESS_MAIN(tst_SpritePlayback)
