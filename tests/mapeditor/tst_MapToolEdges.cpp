@@ -277,6 +277,7 @@ void tst_MapToolEdges::pastingIntoAHiddenLayerChangesNothing()
     grid().setMapVisibility(false);
     QCOMPARE(grid().cursor().shape(), Qt::ForbiddenCursor);
 
+    m_shown->move(at(3, 2));
     m_shown->click(at(3, 2));
 
     QCOMPARE(m_shown->stack.count(), 0);

@@ -16,6 +16,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
@@ -524,12 +525,18 @@ void tst_MapViewActions::aSecondMapTakesOver()
     grid().addRows(Position::End, 1);
     resized.clear();
 
+    QTabWidget tabs;
+    tabs.addTab(&m_shown->view, QStringLiteral("level"));
+
     m_shown->view.setMap(second.get());
+    map().setName(QStringLiteral("Left"));
+    QCOMPARE(tabs.tabText(0), QStringLiteral("level"));
     QCOMPARE(m_shown->view.sizeText(), QStringLiteral("9x2 (36 bytes)"));
     m_shown->stack.undo(); // of the map before
 
     QCOMPARE(resized.count(), 0);
     QCOMPARE(m_shown->view.sizeText(), QStringLiteral("9x2 (36 bytes)"));
+    m_shown->view.setParent(nullptr);
 }
 
 QTEST_MAIN(tst_MapViewActions)
