@@ -10,6 +10,7 @@
 #include "model/TileSet.h"
 #include "support/ProjectDifferences.h"
 #include "support/TestProjects.h"
+#include "support/UseProject.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -130,30 +131,6 @@ Entries withJson(Entries entries, const QJsonValue &root)
     return entries;
 }
 
-/// Draws and changes whatever a project holds.
-void use(Project *project)
-{
-    for (const auto &map : project->maps()) {
-        map->tileLayer()->picture({0, 0, 4, 4}, 8, map->tileTransparencyIndex());
-        map->objectLayer()->picture({0, 0, 4, 4}, 8, -1);
-        map->resize({3, 3}, Qt::AlignRight | Qt::AlignBottom);
-        map->restore(map->state());
-    }
-    for (const auto &blocks : project->mapObjects()) {
-        for (const auto &animation : blocks->animations())
-            animation->thumbnail({16, 16});
-    }
-    for (const auto &bank : project->spriteBanks()) {
-        for (const auto &animation : bank->animations())
-            animation->thumbnail({16, 16});
-        bank->spriteImage(0, -1, true, true, true);
-        bank->moveSprite(0, bank->count() - 1);
-        bank->deleteSprite(0);
-    }
-    for (const auto &tileSet : project->tileSets())
-        tileSet->insertTile(0);
-}
-
 /// A tile set of one tile, a map of @p side by @p side cells with @p placed block animations, and
 /// block lists.
 Entries placedEntries(int side, const QJsonArray &placed, const QJsonArray &blocks = {})
@@ -230,7 +207,7 @@ void tst_HostileProject::everyKeyTakesAnyValue()
                  textOf(path));
         const QStringList found = ProjectDifferences::between(*m_project, again);
         QVERIFY2(found.isEmpty(), textOf(path) + ": " + found.join(", ").toUtf8());
-        use(&again);
+        useProject(&again);
     }
 }
 
@@ -269,7 +246,7 @@ void tst_HostileProject::positionsAtTheLimitsDoNotOverflow()
     QVERIFY(load(withJson(entries, root)));
 
     QCOMPARE(m_project->playArea().topLeft(), QPoint(1 << 28, -(1 << 28)));
-    use(m_project.get());
+    useProject(m_project.get());
     QVERIFY(m_project->archiveEntries(true).size() > 2);
 }
 
