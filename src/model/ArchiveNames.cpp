@@ -4,6 +4,12 @@
 
 namespace ArchiveNames {
 
+namespace {
+
+const QString TileMapFolder = QStringLiteral("tilemap/");
+
+} // namespace
+
 const QString Project = QStringLiteral("project.json");
 const QString Scratch = QStringLiteral("scratch.png");
 
@@ -14,7 +20,12 @@ QString tileSet(const QUuid &id)
 
 QString tileMap(const QUuid &id)
 {
-    return QStringLiteral("tilemap/%1").arg(id.toString());
+    return TileMapFolder + id.toString();
+}
+
+bool isTileMap(const QString &name)
+{
+    return name.startsWith(TileMapFolder);
 }
 
 QString sprite(const QUuid &id)

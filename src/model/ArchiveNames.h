@@ -12,6 +12,7 @@ extern const QString Scratch; // the scratch image
 
 QString tileSet(const QUuid &id);
 QString tileMap(const QUuid &id);
+bool isTileMap(const QString &name);
 QString sprite(const QUuid &id);
 QString image(const QUuid &id);
 

@@ -61,6 +61,14 @@ QByteArray encoded(const QImage &image)
     return buffer.data();
 }
 
+qint64 maxSize()
+{
+    constexpr qint64 Megabyte = 1024 * 1024;
+    const qint64 pixels = QImageReader::allocationLimit() * Megabyte;
+    // What cannot be packed grows by a little, each line by its filter's byte.
+    return pixels + pixels / 8;
+}
+
 QImage decoded(const QByteArray &png)
 {
     QBuffer buffer;

@@ -15,6 +15,10 @@ QList<QRgb> filledUp(QList<QRgb> table);
 /// colour table: every index reads back. Empty for a null picture.
 QByteArray encoded(const QImage &image);
 
+/// The bytes of the largest PNG whose picture Qt's allocation limit lets be decoded, with room for
+/// what else stands in such a file.
+qint64 maxSize();
+
 /// The picture as the file holds it, decoded as PNG and as nothing else within Qt's allocation
 /// limit; null if that fails.
 QImage decoded(const QByteArray &png);

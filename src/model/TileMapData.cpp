@@ -43,6 +43,15 @@ char *putRow(char *to, const QList<TileMap::TileData> &row, qint64 left, qint64 
     return to;
 }
 
+/// The size in cells that a header tells; one that no map may have if it is not whole.
+QSize sizeOf(const QByteArray &data)
+{
+    if (data.size() < TileMapData::HeaderBytes)
+        return {-1, -1};
+    return {qFromBigEndian<qint32>(data.constData() + sizeof(qint32)),
+            qFromBigEndian<qint32>(data.constData())};
+}
+
 } // namespace
 
 QByteArray TileMapData::write(const TileMap::Rows &rows, QRect rect, const QUuid &tileSet)
@@ -60,12 +69,16 @@ QByteArray TileMapData::write(const TileMap::Rows &rows, QRect rect, const QUuid
     return data;
 }
 
+qint64 TileMapData::claimedSize(const QByteArray &start)
+{
+    const QSize size = sizeOf(start);
+    return TileMap::isAllowed(size) ? HeaderBytes + qint64(size.width()) * size.height() * CellBytes
+                                    : 0;
+}
+
 std::optional<TileMapData::Block> TileMapData::read(const QByteArray &data)
 {
-    if (data.size() < HeaderBytes)
-        return std::nullopt;
-    const QSize size(qFromBigEndian<qint32>(data.constData() + sizeof(qint32)),
-                     qFromBigEndian<qint32>(data.constData()));
+    const QSize size = sizeOf(data);
     if (!TileMap::isAllowed(size))
         return std::nullopt;
     const qint64 count = qint64(size.width()) * size.height();

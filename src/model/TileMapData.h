@@ -29,6 +29,10 @@ struct Block
 /// The cells of @p rect; those outside @p rows are all zero.
 QByteArray write(const TileMap::Rows &rows, QRect rect, const QUuid &tileSet);
 
+/// The bytes of the block whose first bytes are @p start, by its own word; 0 if they are no header
+/// of a block that a map may have.
+qint64 claimedSize(const QByteArray &start);
+
 /// The block in @p data. Nothing if it is cut, claims more cells than it holds, or has a size that
 /// no map may have; checked before anything is allocated.
 std::optional<Block> read(const QByteArray &data);

@@ -1,13 +1,17 @@
 #include "store/ProjectArchive.h"
 
 #include "model/ArchiveNames.h"
+#include "model/ArchivePicture.h"
 #include "model/Project.h"
 #include "model/ProjectReader.h"
+#include "model/TileMapData.h"
 #include "store/ZipFile.h"
 
 namespace ProjectArchive {
 
 namespace {
+
+constexpr qint64 Surplus = 1024 * 1024; // bytes behind the cells of a map that are let pass
 
 bool fail(QString *error, const QString &message)
 {
@@ -23,10 +27,15 @@ bool isLoadable(const QString &name, const QByteArray &data)
     return !data.isEmpty() && data.size() <= ZipFile::MaxEntrySize;
 }
 
-/// The most that an entry may unpack to.
-qint64 limitOf(const QString &name)
+/// The most that an entry may unpack to: a small file must not make a load unpack gigabytes that no
+/// reader could use.
+qint64 limitOf(ZipFile &zip, const QString &name)
 {
-    return name == ArchiveNames::Project ? ProjectReader::MaxJsonSize : ZipFile::MaxEntrySize;
+    if (name == ArchiveNames::Project)
+        return ProjectReader::MaxJsonSize;
+    if (ArchiveNames::isTileMap(name))
+        return TileMapData::claimedSize(zip.readStart(name, TileMapData::HeaderBytes)) + Surplus;
+    return ArchivePicture::maxSize();
 }
 
 } // namespace
@@ -36,7 +45,7 @@ bool load(Project *project, const QString &path, QString *error)
     ZipFile zip;
     if (!zip.open(path))
         return fail(error, QStringLiteral("Invalid project file"));
-    return project->load([&zip](const QString &name) { return zip.read(name, limitOf(name)); },
+    return project->load([&zip](const QString &name) { return zip.read(name, limitOf(zip, name)); },
                          error);
 }
 

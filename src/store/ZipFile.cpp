@@ -138,24 +138,55 @@ bool ZipFile::write(const QString &name, const QByteArray &data)
                                  static_cast<size_t>(data.size()), MZ_BEST_COMPRESSION);
 }
 
-QByteArray ZipFile::read(const QString &name, qint64 limit)
+/// The number of an entry that may be unpacked, with its size; -1 if there is none.
+int ZipFile::find(const QString &name, qint64 limit, qint64 *size) const
 {
     const QByteArray entryName = name.toLocal8Bit();
     if (!m_archive || entryName.size() > MaxNameSize)
-        return {};
+        return -1;
 
     const int index = mz_zip_reader_locate_file(m_archive.get(), entryName.constData(), nullptr, 0);
     mz_zip_archive_file_stat entry = {};
     if (index < 0 || !mz_zip_reader_file_stat(m_archive.get(), static_cast<mz_uint>(index), &entry))
-        return {};
+        return -1;
     const quint64 maxSize = static_cast<quint64>(std::min(limit, MaxEntrySize));
     if (!isReadable(entry, m_archive->m_archive_size, maxSize))
+        return -1;
+    *size = static_cast<qint64>(entry.m_uncomp_size);
+    return index;
+}
+
+QByteArray ZipFile::read(const QString &name, qint64 limit)
+{
+    qint64 size = 0;
+    const int index = find(name, limit, &size);
+    if (index < 0)
+        return {};
+    m_unpacked += static_cast<quint64>(size);
+    if (m_unpacked > m_archive->m_archive_size * MaxExpansion)
         return {};
 
-    QByteArray data(static_cast<qsizetype>(entry.m_uncomp_size), Qt::Uninitialized);
+    QByteArray data(static_cast<qsizetype>(size), Qt::Uninitialized);
     if (!mz_zip_reader_extract_to_mem(m_archive.get(), static_cast<mz_uint>(index), data.data(),
                                       static_cast<size_t>(data.size()), 0))
         return {};
+    return data;
+}
+
+QByteArray ZipFile::readStart(const QString &name, qsizetype count)
+{
+    qint64 size = 0;
+    const int index = find(name, MaxEntrySize, &size);
+    if (index < 0)
+        return {};
+
+    auto *entry = mz_zip_reader_extract_iter_new(m_archive.get(), static_cast<mz_uint>(index), 0);
+    if (!entry)
+        return {};
+    QByteArray data(count, Qt::Uninitialized);
+    data.resize(static_cast<qsizetype>(
+        mz_zip_reader_extract_iter_read(entry, data.data(), static_cast<size_t>(count))));
+    mz_zip_reader_extract_iter_free(entry); // Its result is the checksum's, of the whole entry.
     return data;
 }
 

@@ -29,13 +29,19 @@ public:
     /// Adds an entry.
     [[nodiscard]] bool write(const QString &name, const QByteArray &data);
     /// The bytes of an entry, found without regard to case; empty if it is absent, damaged, over
-    /// @p limit bytes, or declares more bytes than its packed size can hold.
+    /// @p limit bytes, or declares more bytes than its packed size can hold; and once more was read
+    /// than the whole file can hold, for then its entries share their bytes.
     QByteArray read(const QString &name, qint64 limit = MaxEntrySize);
+    /// The first bytes of an entry, at most @p count, without the look at its checksum.
+    QByteArray readStart(const QString &name, qsizetype count);
     /// Completes the file and flushes it to the disk. False if not everything reached it.
     [[nodiscard]] bool finish();
 
 private:
     struct Archive;
 
+    int find(const QString &name, qint64 limit, qint64 *size) const;
+
     std::unique_ptr<Archive> m_archive;
+    quint64 m_unpacked = 0; // bytes read so far
 };

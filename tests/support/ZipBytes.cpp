@@ -25,8 +25,9 @@ struct Packed
 Packed packed(const Entry &entry)
 {
     Packed result;
-    result.bytes = entry.method == Deflated ? deflated(entry.data) : entry.data;
-    result.crc = entry.claimedCrc.value_or(crc32(entry.data));
+    const bool isPlain = entry.method != Deflated || entry.isPacked;
+    result.bytes = isPlain ? entry.data : deflated(entry.data);
+    result.crc = entry.claimedCrc ? *entry.claimedCrc : crc32(entry.data);
     result.packedSize = entry.claimedPackedSize.value_or(quint32(result.bytes.size()));
     result.size = entry.claimedSize.value_or(quint32(entry.data.size()));
     if (entry.zip64Size)
@@ -68,7 +69,40 @@ void appendDirectoryRecord(QByteArray &bytes, const Entry &entry, const Packed &
     bytes += entry.name + extra;
 }
 
+/// Appends bits to a deflate stream, the lowest of a byte first.
+class BitWriter
+{
+public:
+    void append(const char *bits)
+    {
+        for (; *bits; ++bits) {
+            if (m_count++ % 8 == 0)
+                m_bytes.append('\0');
+            if (*bits == '1')
+                m_bytes.back() = char(uchar(m_bytes.back()) | 1u << ((m_count - 1) % 8));
+        }
+    }
+    const QByteArray &bytes() const { return m_bytes; }
+
+private:
+    QByteArray m_bytes;
+    qint64 m_count = 0;
+};
+
 } // namespace
+
+QByteArray deflatedZeros(qint64 count)
+{
+    constexpr int LongestMatch = 258;
+    BitWriter bits;
+    bits.append("110"); // the last block, with the fixed codes
+    for (qint64 single = 1 + (count - 1) % LongestMatch; single > 0; --single)
+        bits.append("00110000"); // the byte 0
+    for (qint64 match = (count - 1) / LongestMatch; match > 0; --match)
+        bits.append("1100010100000"); // 258 bytes again from one byte back
+    bits.append("0000000");
+    return bits.bytes();
+}
 
 QByteArray deflated(const QByteArray &data)
 {

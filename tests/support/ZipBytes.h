@@ -24,8 +24,11 @@ struct Entry
     std::optional<quint64> zip64Size =
         std::nullopt; ///< the size in an extended field, the plain ones all ones
     std::optional<quint32> claimedOffset = std::nullopt;
+    bool isPacked = false; ///< the data is its deflate stream already
 };
 
+/// The raw deflate stream of @p count zeros, made without them: a 158th of their size.
+QByteArray deflatedZeros(qint64 count);
 /// The raw deflate stream of @p data.
 QByteArray deflated(const QByteArray &data);
 quint32 crc32(const QByteArray &data);
