@@ -4,6 +4,7 @@
 #include "mapeditor/MapGrid.h"
 #include "mapeditor/MapToolPalette.h"
 #include "mapeditor/View.h"
+#include "uikit/ColumnArea.h"
 #include "uikit/ScrollBar.h"
 #include "uikit/ThemedIcon.h"
 
@@ -61,7 +62,7 @@ void ViewBuilder::layOut()
     auto *const row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(area, GridStretch);
-    row->addWidget(m_view->m_toolPalette, 0, Qt::AlignTop);
+    row->addWidget(new ColumnArea(m_view->m_toolPalette)); // low windows cannot hold all tools
 
     auto *const inner = new QSplitter(Qt::Vertical, m_view);
     inner->addWidget(box);

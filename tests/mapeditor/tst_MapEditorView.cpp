@@ -82,6 +82,7 @@ private slots:
     void tilesUnderPlacedObjectsAreCleared();
     void theCornerOpensTheDialogsOfTheMap();
     void changedTilesAreRepainted();
+    void aLowViewScrollsItsTools();
 
 private:
     QLabel *sizeLabel() const { return m_bar->findChildren<QLabel *>().last(); }
@@ -412,6 +413,18 @@ void tst_MapEditorView::changedTilesAreRepainted()
     m_tiles->set->notifyImageChanged(1);
     QCoreApplication::processEvents();
     QCOMPARE(paints.count(), before);
+}
+
+void tst_MapEditorView::aLowViewScrollsItsTools()
+{
+    QVERIFY(m_view->minimumSizeHint().height() < 300);
+    m_view->resize(600, 300);
+
+    QCOMPARE(m_view->height(), 300);
+    QVERIFY(m_view->toolPalette()->height() > 600);
+    QVERIFY(m_view->toolPalette()->visibleRegion().boundingRect().height() <= 300);
+    QCOMPARE(m_view->toolPalette()->visibleRegion().boundingRect().width(),
+             m_view->toolPalette()->width());
 }
 
 QTEST_MAIN(tst_MapEditorView)
