@@ -12,12 +12,12 @@ namespace {
 /// Else a name typed into a dialog that opens again would be added to the files chosen before.
 void forgetAnswer(QFileDialog *dialog)
 {
+    if (auto *const name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit")))
+        name->clear(); // which selects the folder itself, so it comes first
     for (auto *const view : dialog->findChildren<QAbstractItemView *>()) {
         if (view->selectionModel())
             view->clearSelection();
     }
-    if (auto *const name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit")))
-        name->clear();
 }
 
 } // namespace

@@ -32,6 +32,7 @@ private slots:
     void aCancelledExportWritesNothing();
     void theImportDialogOffersFilesAndPictures();
     void importSendsTheChosenFile();
+    void aSecondImportSendsItsOwnFile();
     void aCancelledImportSendsNothing();
 
 private:
@@ -184,6 +185,22 @@ void tst_MapMenu::importSendsTheChosenFile()
     FileDialogs::choose(FileDialogs::visible(), folder.filePath("level.NXM"));
 
     QCOMPARE(requested, QList<QVariantList>({{folder.filePath("level.NXM")}}));
+}
+
+void tst_MapMenu::aSecondImportSendsItsOwnFile()
+{
+    const QTemporaryDir first;
+    const QTemporaryDir second;
+    QSignalSpy requested(menu(), &MapMenu::importRequested);
+
+    for (const QString &file : {first.filePath("a.png"), second.filePath("b.png")}) {
+        QVERIFY(QFile(file).open(QIODevice::WriteOnly));
+        item("Import")->trigger();
+        FileDialogs::choose(FileDialogs::visible(), file);
+        QVERIFY(!FileDialogs::visible());
+        QApplication::processEvents();
+        QCOMPARE(requested.takeFirst(), QVariantList({file}));
+    }
 }
 
 void tst_MapMenu::aCancelledImportSendsNothing()
