@@ -8,6 +8,7 @@
 #include "model/SpriteBank.h"
 #include "model/TileSet.h"
 #include "support/DialogDriver.h"
+#include "support/PaintCounter.h"
 #include "support/TestMaps.h"
 
 #include <QAction>
@@ -28,32 +29,6 @@ using MapEditor::ToolBar;
 using MapEditor::View;
 using Tessaril::Position;
 using Tool = Tessaril::Ui::ToolButton;
-
-namespace {
-
-/// Counts how often a widget is painted.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget &widget)
-    {
-        QCoreApplication::processEvents();
-        widget.installEventFilter(this);
-    }
-    int count() const { return m_count; }
-
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        m_count += event->type() == QEvent::Paint;
-        return false;
-    }
-
-private:
-    int m_count = 0;
-};
-
-} // namespace
 
 class tst_MapEditorView : public QObject
 {

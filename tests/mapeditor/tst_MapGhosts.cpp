@@ -7,27 +7,12 @@
 #include "model/SpriteBank.h"
 #include "model/Tile.h"
 #include "model/TileAnimation.h"
+#include "support/PaintCounter.h"
 #include "support/TestSprites.h"
 
 using Tool = Tessaril::Ui::ToolButton;
 
 namespace {
-
-/// Counts how often a widget is asked to paint.
-class PaintCount : public QObject
-{
-public:
-    explicit PaintCount(QWidget *widget) { widget->installEventFilter(this); }
-
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        count += event->type() == QEvent::Paint;
-        return false;
-    }
-};
 
 QColor mixed(const QColor &over, const QColor &under)
 {
@@ -273,15 +258,15 @@ void tst_MapGhosts::anUndoIsSeenWithoutAMoveOfTheMouse()
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(&grid(), &leave);
     QApplication::processEvents();
-    PaintCount paints(&grid());
+    PaintCounter paints(grid());
 
     m_shown->stack.undo();
-    QTRY_COMPARE(paints.count, 1);
+    QTRY_COMPARE(paints.count(), 1);
     QCOMPARE(m_shown->pixel(at(2, 2)), tileColour(1));
-    paints.count = 0;
+    const int grabbed = paints.count();
     m_shown->stack.redo();
 
-    QTRY_COMPARE(paints.count, 1);
+    QTRY_COMPARE(paints.count(), grabbed + 1);
     QCOMPARE(m_shown->pixel(at(2, 2)), tileColour(5));
 }
 
