@@ -10,10 +10,10 @@
 #include "model/TileAnimation.h"
 #include "support/TestSprites.h"
 
+#include <QBackingStore>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QRandomGenerator>
-#include <QScreen>
 
 #include <functional>
 
@@ -47,23 +47,32 @@ private:
     QRegion m_region;
 };
 
+/// @p image in its own pixels, from below the status line.
+QImage belowStatus(const QImage &image, QRect part)
+{
+    const QRectF exact(part.topLeft() * image.devicePixelRatio(),
+                       part.size() * image.devicePixelRatio());
+    QImage cut = image.copy(exact.toRect()).convertToFormat(QImage::Format_RGB32);
+    cut.setDevicePixelRatio(1);
+    return cut;
+}
+
 /// The pixels of @p widget that the user sees, without painting any.
 QImage onScreen(const QWidget &widget)
 {
     QCoreApplication::sendPostedEvents();
     const QWidget *const window = widget.window();
-    const QImage image = window->screen()->grabWindow(window->winId()).toImage();
     const QRect part(widget.mapTo(window, QPoint(0, BelowStatus)),
                      widget.size() - QSize(0, BelowStatus));
-    return image.copy(part).convertToFormat(QImage::Format_RGB32);
+    const auto *const shown = dynamic_cast<QImage *>(window->backingStore()->paintDevice());
+    return shown ? belowStatus(*shown, part) : QImage();
 }
 
 /// The same pixels, painted whole now.
 QImage paintedWhole(QWidget &widget)
 {
-    QImage image(widget.size(), QImage::Format_RGB32);
-    widget.render(&image);
-    return image.copy(0, BelowStatus, image.width(), image.height() - BelowStatus);
+    return belowStatus(widget.grab().toImage(),
+                       QRect(0, BelowStatus, widget.width(), widget.height() - BelowStatus));
 }
 
 bool isSeenWhole(QWidget &widget)
@@ -100,6 +109,7 @@ private:
     MapGrid &grid() const { return m_shown->grid; }
 
     std::unique_ptr<ShownGrid> m_shown;
+    Palette m_spritePalette;
     std::unique_ptr<SpriteBank> m_bank; // 3 sprites
 };
 
@@ -108,7 +118,7 @@ void tst_MapGridPaint::init()
     m_shown = std::make_unique<ShownGrid>();
     QVERIFY(QTest::qWaitForWindowExposed(&m_shown->grid));
     m_bank = std::make_unique<SpriteBank>(Tessaril::Sprite::EightBit);
-    m_bank->setPalette(m_shown->tiles.palette.get());
+    m_bank->setPalette(&m_spritePalette);
     TestSprites::fill(*m_bank, 3);
 }
 
@@ -269,7 +279,7 @@ void tst_MapGridPaint::changesOfTheDocumentsAreSeenAtOnce_data()
     add("objects",
         [](Test t) { t->m_shown->map->objectLayer()->setTiles(TestMaps::counted(6, 4)); });
     add("a tile's colour", [](Test t) { t->m_shown->tiles.palette->setColour(1, Qt::magenta); });
-    add("a sprite's colour", [](Test t) { t->m_shown->tiles.palette->setColour(3, Qt::magenta); });
+    add("a sprite's colour", [](Test t) { t->m_spritePalette.setColour(3, Qt::magenta); });
     add("a sprite", [](Test t) { t->m_bank->setImage(2, TestSprites::filled(77)); });
 }
 
@@ -307,8 +317,9 @@ void tst_MapGridPaint::untoldChangesComeWithTheNextPaint()
     QVERIFY(isSeenWhole(grid()));
     m_shown->tiles.palette->setWord(1, 0x1C00);
     grid().update(QRect(0, 40, 1, 1)); // which finds the rest, and repaints it later
-    QTRY_COMPARE(onScreen(grid()).pixelColor(ShownGrid::at(4, 2) - QPoint(0, BelowStatus)),
-                 m_shown->tiles.palette->colour(1));
+    const QPoint elsewhere =
+        (ShownGrid::at(4, 2) - QPoint(0, BelowStatus)) * grid().devicePixelRatioF();
+    QTRY_COMPARE(onScreen(grid()).pixelColor(elsewhere), m_shown->tiles.palette->colour(1));
     QVERIFY(isSeenWhole(grid()));
 }
 
