@@ -110,6 +110,7 @@ void AnimationEditorWidget::setAnimation(TileAnimation *anim)
     m_animation = anim;
     m_frame = 0;
     m_frameEditor->setAnimation(m_animation);
+    m_frameEditor->setVisible(m_animation != nullptr);
     selectionChanged();
     setEnabled(m_animation != nullptr);
     if (!m_animation) {

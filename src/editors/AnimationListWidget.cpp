@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
@@ -54,6 +55,27 @@ public:
     }
 };
 
+/// Says what it lacks while it is empty.
+class AnimationList : public QListWidget
+{
+public:
+    void setHint(const QString &hint) { m_hint = hint; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QListWidget::paintEvent(event);
+        if (count() > 0)
+            return;
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_hint);
+    }
+
+private:
+    QString m_hint;
+};
+
 QPushButton *makeButton(const QString &icon, const QString &toolTip)
 {
     auto *button = new QPushButton;
@@ -70,10 +92,13 @@ QPushButton *makeButton(const QString &icon, const QString &toolTip)
 AnimationListWidget::AnimationListWidget(int mode, QWidget *parent)
     : QWidget(parent)
     , m_mode(mode)
-    , m_list(new QListWidget)
     , m_renderIcon(
           [](const Animation *animation, QSize size) { return animation->thumbnail(size); })
 {
+    auto *const list = new AnimationList;
+    m_list = list;
+    if (m_mode & WithButtons)
+        list->setHint(tr("No animations"));
     auto *layout = new QVBoxLayout(this);
     const int margin = (m_mode & WithButtons) ? ContentsMargin : 0;
     layout->setContentsMargins(margin, margin, margin, margin);

@@ -64,6 +64,7 @@ void View::changeAnim(Animation *animation)
         disconnect(before, nullptr, this, nullptr);
     m_toolBar->setAnimation(animation);
     m_frameEditor->setAnimation(animation);
+    m_frameEditor->setVisible(animation != nullptr);
     updateToolPalette(); // no cell is selected yet
     m_controls->setEnabled(animation != nullptr);
     m_toolPalette->setEnabled(animation != nullptr);

@@ -39,6 +39,7 @@ void tst_AnimationEditorWidget::withoutABlockItIsDisabled()
     QVERIFY(!m_editor->isEnabled());
     QVERIFY(!frames()->isEnabled());
     QCOMPARE(frames()->animation(), nullptr);
+    QVERIFY(frames()->isHidden());
     QVERIFY(!m_editor->timer().isActive());
     m_editor->play();
     m_editor->animate();
@@ -61,6 +62,7 @@ void tst_AnimationEditorWidget::showsTheBlocksProperties()
     editor.setAnimation(m_set->block);
 
     QVERIFY(editor.isEnabled());
+    QVERIFY(!editor.frameEditor()->isHidden());
     QCOMPARE(DialogDriver::field<QLineEdit>(editor, "Name")->text(), QString("Gate"));
     QCOMPARE(DialogDriver::field<QSpinBox>(editor, "Width in tiles")->value(), 3);
     QCOMPARE(DialogDriver::field<QSpinBox>(editor, "Height in tiles")->value(), 5);

@@ -57,6 +57,7 @@ private slots:
     void plainListsHaveNoMenu();
     void narrowListsAreSlim();
     void drawsIconsThroughTheOwner();
+    void anEmptyListSaysSo();
     void clickingAnItemReportsIt();
     void theFocusAlonePicksNothing();
     void toolTipsShowNamesAsPlainText();
@@ -443,6 +444,29 @@ void tst_AnimationListWidget::drawsIconsThroughTheOwner()
     list.updateIcons();
 
     QCOMPARE(items(list)->item(0)->icon().pixmap(48).toImage().pixelColor(9, 9), QColor(Qt::blue));
+}
+
+void tst_AnimationListWidget::anEmptyListSaysSo()
+{
+    AnimationListWidget list(SpriteMode);
+    const AnimationListWidget plain(PlainMode);
+    const auto isBlank = [](const AnimationListWidget &shown) {
+        QWidget *const area = items(shown)->viewport();
+        const QImage picture = area->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QImage blank(picture.size(), picture.format());
+        blank.fill(area->palette().color(QPalette::Base));
+        return picture == blank;
+    };
+    QVERIFY(!isBlank(list));
+    QVERIFY(isBlank(plain));
+
+    SpriteAnim *const animation = addNamed(list, "");
+    list.setIconRenderer([](const Animation *, QSize) { return QImage(); });
+    items(list)->item(0)->setText({});
+    QVERIFY(isBlank(list));
+    list.removeAnimation(animation->id());
+
+    QVERIFY(!isBlank(list));
 }
 
 void tst_AnimationListWidget::clickingAnItemReportsIt()

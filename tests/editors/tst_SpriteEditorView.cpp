@@ -49,6 +49,7 @@ void tst_SpriteEditorView::startsWithoutAnAnimation()
     QVERIFY(!child<ToolPalette>()->isEnabled());
     QVERIFY(!controls()->isEnabled());
     QVERIFY(!frames()->isEnabled());
+    QVERIFY(frames()->isHidden());
     QVERIFY(!child<SpriteEditor::ToolBar>()->isEnabled());
     QVERIFY(!timer()->isActive());
     for (const Tool flag : {Tool::RotateCW, Tool::Flip, Tool::Mirror})
@@ -85,6 +86,7 @@ void tst_SpriteEditorView::selectingFillsTheToolBar()
     QVERIFY(!tool(Tool::Flip)->isChecked());
     QVERIFY(child<ToolPalette>()->isEnabled() && controls()->isEnabled());
     QCOMPARE(frames()->animation(), m_project->animation);
+    QVERIFY(frames()->isVisible());
     QCOMPARE(label(), QString("Frame 1 of 1"));
 }
 
