@@ -5,7 +5,7 @@
 namespace {
 
 constexpr int MinCellSide = 8; // pixels
-constexpr int GoodCellSide = 16;
+constexpr int GoodCellSide = 10;
 constexpr int MaxCellSide = 24;
 constexpr int MinColumns = 8;
 constexpr int MaxColumns = 64;

@@ -22,12 +22,12 @@ namespace {
 
 constexpr int FirstMaximum = 64; // sprites, until a bank tells
 constexpr int ContentMargin = 4; // pixels
-constexpr int ToolColumns = 3;
+constexpr int ToolColumns = 4;
 constexpr int ToolSide = 37;      // pixels with their spacing
 constexpr int CanvasSide = 192;   // pixels, the least
 constexpr int FittingZoom = 11;   // screen pixels
 constexpr int ListHeight = 110;   // pixels, the least
-constexpr int ColoursWidth = 256; // pixels, the most: the list needs the rest of the height
+constexpr int ColoursWidth = 320; // pixels, for few rows: the list needs the rest of the height
 
 const QList<Tool> Tools{Tool::Draw,      Tool::Line,     Tool::Rectangle, Tool::RectangleFill,
                         Tool::Circle,    Tool::Fill,     Tool::Pick,      Tool::Select,

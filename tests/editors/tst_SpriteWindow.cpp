@@ -64,6 +64,7 @@ private slots:
     void theEditMenuDrivesTheCanvas();
     void everyToolIsInSightInASmallDock();
     void aLargeBankIsScrolledByItself();
+    void theListGetsTheRestOfTheHeight();
     void aBankWithoutSpritesLeavesNothingToPaint();
     void bankEditsTellInOrder_data();
     void bankEditsTellInOrder();
@@ -480,6 +481,16 @@ void tst_SpriteWindow::aLargeBankIsScrolledByItself()
 
     QVERIFY(child<SpriteList>()->height() > 2000);
     QCOMPARE(m_window->scrollArea()->verticalScrollBar()->maximum(), 0);
+}
+
+void tst_SpriteWindow::theListGetsTheRestOfTheHeight()
+{
+    const auto *const area = child<SpriteList>()->parentWidget();
+    m_window->resize(360, 680); // in a window of 900 pixels
+    QTRY_COMPARE(m_window->height(), 680);
+
+    QTRY_VERIFY(area->height() >= 250);
+    QCOMPARE(m_window->scrollArea()->horizontalScrollBar()->maximum(), 0);
 }
 
 void tst_SpriteWindow::aBankWithoutSpritesLeavesNothingToPaint()
