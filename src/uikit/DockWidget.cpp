@@ -9,15 +9,18 @@ namespace {
 
 constexpr int PlaceholderPage = 0;
 constexpr int ContentPage = 1;
+constexpr int LowHeight = 400; // pixels, which a dock mostly has
 
 /// Asks for room beside the content for the vertical bar, without which that bar would bring the
-/// horizontal one along.
+/// horizontal one along. Low content needs none.
 class ContentArea : public QScrollArea
 {
 public:
     QSize sizeHint() const override
     {
-        return QScrollArea::sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+        const bool isHigh = widget() && widget()->minimumSizeHint().height() > LowHeight;
+        const int barWidth = isHigh ? verticalScrollBar()->sizeHint().width() : 0;
+        return QScrollArea::sizeHint() + QSize(barWidth, 0);
     }
 };
 
