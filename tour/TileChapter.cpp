@@ -8,6 +8,7 @@
 #include "model/TileSet.h"
 #include "support/DialogDriver.h"
 #include "support/DragEvents.h"
+#include "tour/AnimationDesk.h"
 #include "tour/PaintDesk.h"
 #include "uikit/CheckList.h"
 #include "uikit/Expandable.h"
@@ -15,7 +16,6 @@
 
 #include <QAbstractItemView>
 #include <QCheckBox>
-#include <QDrag>
 #include <QProcess>
 #include <QSpinBox>
 #include <QToolButton>
@@ -66,32 +66,20 @@ void undoAll(const Bench &bench, QUndoStack *stack, int steps)
     tour.check(bench.isAsBefore(), QStringLiteral("and undone again"));
 }
 
-/// Drags a tile by the mouse. The platform of the tour ends a drag at once, so what it carries is
-/// then brought over the other tile.
 void dragTile(const Bench &bench, int from, int to, Qt::KeyboardModifiers modifiers,
               const QString &pictureName = {})
 {
     TilePickerGrid *const picker = bench.picker();
-    const QPoint start = picker->cellRect(from).center();
-    QTest::mousePress(picker, Qt::LeftButton, {}, start);
-    const QPoint away = start + QPoint(QApplication::startDragDistance(), 0);
-    QMouseEvent move(QEvent::MouseMove, away, picker->mapToGlobal(away), Qt::NoButton,
-                     Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(picker, &move);
-    const auto *const drag = picker->findChild<QDrag *>();
-    if (!bench.tour.check(drag, QStringLiteral("a tile can be dragged")))
+    const auto data = dragOff(picker, picker->cellRect(from).center());
+    if (!bench.tour.check(data != nullptr, QStringLiteral("a tile can be dragged")))
         return;
-
-    QMimeData data; // the drag ends with the next turn of the event loop
-    for (const QString &format : drag->mimeData()->formats())
-        data.setData(format, drag->mimeData()->data(format));
     const QPoint target = picker->cellRect(to).center();
     if (!pictureName.isEmpty()) {
-        DragEvents::enter(picker, target, &data);
-        DragEvents::move(picker, target, &data);
+        DragEvents::enter(picker, target, data.get());
+        DragEvents::move(picker, target, data.get());
         bench.tour.picture(pictureName);
     }
-    bench.tour.check(DragEvents::drop(picker, target, &data, modifiers),
+    bench.tour.check(DragEvents::drop(picker, target, data.get(), modifiers),
                      QStringLiteral("and dropped"));
 }
 

@@ -1,5 +1,6 @@
 #include "app/Identity.h"
 #include "support/OwnHome.h"
+#include "tour/AnimationDesk.h"
 #include "tour/MapDesk.h"
 #include "tour/PaintDesk.h"
 
@@ -23,6 +24,8 @@ void tourWindow(Tour &tour, const QString &reader)
     mapSizeChapter(window);
     mapViewChapter(window);
     mapFileChapter(window, reader);
+    spriteChapter(window);
+    blockChapter(window);
 }
 
 } // namespace
