@@ -19,6 +19,7 @@ void tst_Identity::namesTheApplicationAndItsMaker()
     QCOMPARE(QCoreApplication::organizationName(), QString("Brindlemoor"));
     QCOMPARE(QCoreApplication::organizationDomain(), QString(TESSARIL_ORGANISATION_DOMAIN));
     QCOMPARE(QCoreApplication::applicationVersion(), QString("0.7.0.0"));
+    QCOMPARE(QGuiApplication::desktopFileName(), QString("example.brindlemoor.tessaril"));
     QCOMPARE(QGuiApplication::applicationDisplayName(), QString("Tessaril v0.7.0.0 [2026-10-15]"));
 }
 
