@@ -73,6 +73,7 @@ void DocumentController::setActiveTileSet(QUuid tileSetId)
     m_views.tileWindow->setPalette(tileSet ? tileSet->palette() : QPointer<Palette>());
     m_views.tileWindow->setTileSet(tileSet);
     m_views.tileWindow->raise();
+    followDock(m_views.tileWindow);
 
     TileMenu *const menu = m_views.menuBar->tileMenu();
     menu->setTileSet(tileSetId);
@@ -124,7 +125,7 @@ void DocumentController::connectMapView(MapEditor::View *view)
             [this](int index) { m_views.tileWindow->setTileIndex(index + 1); });
 }
 
-/// Points the docks at @p view, and no other.
+/// Points the docks at @p view, and no other; null for a tab that is no map view.
 void DocumentController::bindMapView(MapEditor::View *view)
 {
     disconnect(m_views.tilePicker, &TilePickerTool::tileDoubleClicked, nullptr, nullptr);
@@ -133,10 +134,12 @@ void DocumentController::bindMapView(MapEditor::View *view)
     for (const auto &connection : std::as_const(m_mapConnections))
         disconnect(connection);
     m_mapConnections.clear();
+    connect(m_views.tilePicker, &TilePickerTool::tileDoubleClicked, m_views.tileWindow,
+            &TileWindow::setTileIndex);
+    offerSprites(view);
     if (!view)
         return;
 
-    offerSprites(view);
     const auto present = [](QWidget *dock) {
         return [dock] {
             dock->show();
@@ -155,8 +158,6 @@ void DocumentController::bindMapView(MapEditor::View *view)
     };
     connect(m_views.blockSelector, &BlockSelectorWindow::selectedItemChanged, view,
             &MapEditor::View::setMapObject);
-    connect(m_views.tilePicker, &TilePickerTool::tileDoubleClicked, m_views.tileWindow,
-            &TileWindow::setTileIndex);
     connect(m_views.tilePicker, &TilePickerTool::selectedTileChanged, view,
             &MapEditor::View::setTileIndex);
 }
@@ -164,7 +165,8 @@ void DocumentController::bindMapView(MapEditor::View *view)
 void DocumentController::offerSprites(MapEditor::View *view)
 {
     const auto banks = project()->spriteBanks();
-    view->setSpriteBanks(banks);
+    if (view)
+        view->setSpriteBanks(banks);
     m_views.mapSprites->setBanks(banks);
     if (banks.isEmpty())
         m_views.mapSprites->showPlaceholder();
@@ -179,6 +181,7 @@ void DocumentController::setActiveSpriteEditor(QUuid spriteBankId)
         return;
     m_views.spriteWindow->setSprites(bank);
     m_views.spriteWindow->raise();
+    followDock(m_views.spriteWindow);
     if (QWidget *const tab = m_views.tabs->documentWidget(spriteBankId))
         m_views.tabs->setCurrentWidget(tab);
     else
@@ -310,6 +313,7 @@ void DocumentController::endProject()
     m_views.spriteWindow->setSprites(nullptr);
     delete m_recorder;
     m_undoStacks.clear();
+    m_editTarget.clear();
     m_views.menuBar->editMenu()->setClipboardEnabled(false);
 }
 

@@ -80,7 +80,11 @@ private:
 
     void tabChanged();
     void attachToolBar(MapEditor::View *view);
-    void setEditTarget(QWidget *target, const QUuid &stackId);
+    void setEditTarget(QWidget *target);
+    /// Gives Undo and the Edit menu to the tile or sprite window and the document that it shows.
+    void targetDock(QWidget *dock);
+    /// After @p dock shows another document: has Undo follow, if it has Undo.
+    void followDock(QWidget *dock);
     EditTarget *editTarget() const;
     void routeFocus(QWidget *now);
     void enterPlacementMode(bool visible, Tessaril::Ui::ToolButton mode);

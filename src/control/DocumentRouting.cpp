@@ -73,6 +73,9 @@ void DocumentController::connectViews()
                 if (project())
                     project()->setScratchImage(image);
             });
+    connect(m_views.tabs, &DocumentTabView::scratchEditorShown, this, [this](bool shown) {
+        m_views.menuBar->viewMenu()->setChecked(ViewMenu::CheckableItem::Scratch, shown);
+    });
 }
 
 void DocumentController::makeUndoActions()
@@ -111,7 +114,8 @@ void DocumentController::tabChanged()
     auto *const view = project() ? qobject_cast<MapEditor::View *>(current) : nullptr;
     attachToolBar(view);
     if (project() && current) {
-        setEditTarget(current, current->property("document_id").toUuid());
+        m_undoStacks.setActive(current->property("document_id").toUuid());
+        setEditTarget(current);
         return;
     }
     m_editTarget = current;
@@ -129,11 +133,31 @@ void DocumentController::attachToolBar(MapEditor::View *view)
     m_views.mapToolBar->setEnabled(view != nullptr);
 }
 
-void DocumentController::setEditTarget(QWidget *target, const QUuid &stackId)
+void DocumentController::setEditTarget(QWidget *target)
 {
     m_editTarget = target;
-    m_undoStacks.setActive(stackId);
     m_views.menuBar->editMenu()->setClipboardEnabled(editTarget() != nullptr);
+}
+
+void DocumentController::targetDock(QWidget *dock)
+{
+    QUuid id;
+    if (const auto tileSet = m_views.tileWindow->tileSet(); tileSet && dock == m_views.tileWindow)
+        id = tileSet->id();
+    if (const auto bank = m_views.spriteWindow->sprites(); bank && dock == m_views.spriteWindow)
+        id = bank->id();
+    // The null id would be the scratch picture's stack.
+    if (id.isNull())
+        m_undoStacks.clearActive();
+    else
+        m_undoStacks.setActive(id);
+    setEditTarget(dock);
+}
+
+void DocumentController::followDock(QWidget *dock)
+{
+    if (m_editTarget == dock)
+        targetDock(dock);
 }
 
 void DocumentController::routeFocus(QWidget *now)
@@ -143,18 +167,13 @@ void DocumentController::routeFocus(QWidget *now)
     const auto holds = [now](const QWidget *window) {
         return window == now || window->isAncestorOf(now);
     };
-    if (holds(m_views.tileWindow)) {
-        const auto tileSet = m_views.tileWindow->tileSet();
-        if (m_editTarget != m_views.tileWindow)
-            setEditTarget(m_views.tileWindow, tileSet ? tileSet->id() : QUuid());
-    } else if (holds(m_views.spriteWindow)) {
-        const auto bank = m_views.spriteWindow->sprites();
-        if (m_editTarget != m_views.spriteWindow)
-            setEditTarget(m_views.spriteWindow, bank ? bank->id() : QUuid());
-    } else if (holds(m_views.tabs) &&
-               (m_editTarget == m_views.tileWindow || m_editTarget == m_views.spriteWindow)) {
+    if (holds(m_views.tileWindow))
+        targetDock(m_views.tileWindow);
+    else if (holds(m_views.spriteWindow))
+        targetDock(m_views.spriteWindow);
+    else if (holds(m_views.tabs) &&
+             (m_editTarget == m_views.tileWindow || m_editTarget == m_views.spriteWindow))
         tabChanged();
-    }
 }
 
 void DocumentController::enterPlacementMode(bool visible, Tool mode)

@@ -4,6 +4,8 @@
 
 #include <QTabBar>
 
+#include <utility>
+
 namespace {
 
 constexpr auto TypeProperty = "document_type";
@@ -135,4 +137,23 @@ void DocumentTabView::setScratchEditorVisible(bool visible)
         setCurrentIndex(addTab(&m_scratchEditor, tr("Scratch Image Editor")));
     else
         removeTab(index);
+}
+
+void DocumentTabView::tabInserted(int index)
+{
+    QTabWidget::tabInserted(index);
+    noteScratchEditor();
+}
+
+void DocumentTabView::tabRemoved(int index)
+{
+    QTabWidget::tabRemoved(index);
+    noteScratchEditor();
+}
+
+void DocumentTabView::noteScratchEditor()
+{
+    const bool shown = indexOf(&m_scratchEditor) >= 0;
+    if (std::exchange(m_isScratchShown, shown) != shown)
+        emit scratchEditorShown(shown);
 }

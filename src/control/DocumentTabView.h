@@ -51,6 +51,8 @@ signals:
     void SpriteEditorActivated(QUuid id);
     void BlockEditorActivated(QUuid id);
     void showAnimPicker();
+    /// The scratch editor's tab has come or gone.
+    void scratchEditorShown(bool shown);
 
 public slots:
     void closeTab(int index);
@@ -58,6 +60,13 @@ public slots:
     void currentIndexChanged(int index);
     void setScratchEditorVisible(bool visible);
 
+protected:
+    void tabInserted(int index) override;
+    void tabRemoved(int index) override;
+
 private:
+    void noteScratchEditor();
+
     ImageEditor::View m_scratchEditor;
+    bool m_isScratchShown = false;
 };

@@ -24,6 +24,7 @@ private slots:
     void findsAndClosesByDocument();
     void closingDeletesAllButTheScratchEditor();
     void theScratchEditorComesAndGoes();
+    void everyWayOfTheScratchTabIsTold();
     void documentsAreListedInTabOrder();
     void mapViewsAreFound();
     void endsCleanlyWithTheScratchEditorOpen();
@@ -164,6 +165,23 @@ void tst_DocumentTabView::theScratchEditorComesAndGoes()
     m_tabs->setScratchEditorVisible(false);
 
     QCOMPARE(m_tabs->count(), 0);
+}
+
+void tst_DocumentTabView::everyWayOfTheScratchTabIsTold()
+{
+    QSignalSpy shown(m_tabs.get(), &DocumentTabView::scratchEditorShown);
+    add(Type::Map, m_first);
+    m_tabs->setScratchEditorVisible(true);
+    add(Type::Image, m_second);
+    m_tabs->closeDocument(m_first);
+    QCOMPARE(shown, QList<QVariantList>({{true}}));
+
+    m_tabs->closeTab(m_tabs->indexOf(m_tabs->scratchEditor())); // not the one in front
+    QCOMPARE(shown, QList<QVariantList>({{true}, {false}}));
+    m_tabs->setScratchEditorVisible(true);
+    m_tabs->closeAll();
+
+    QCOMPARE(shown, QList<QVariantList>({{true}, {false}, {true}, {false}}));
 }
 
 void tst_DocumentTabView::documentsAreListedInTabOrder()
