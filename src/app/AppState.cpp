@@ -1,9 +1,9 @@
 #include "app/AppState.h"
 
-#include <QFile>
+#include "formats/FileBytes.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <QSettings>
 
 namespace {
@@ -31,13 +31,6 @@ QString base64(const QByteArray &bytes)
     return QString::fromUtf8(bytes.toBase64());
 }
 
-/// Replaces a file at once, so that a crash or a full disk leaves the old one.
-bool replaceFile(const QString &fileName, const QByteArray &data)
-{
-    QSaveFile file(fileName);
-    return file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.commit();
-}
-
 } // namespace
 
 AppState::AppState(QObject *parent)
@@ -54,13 +47,13 @@ AppState::AppState(QObject *parent)
 
 bool AppState::load()
 {
-    QFile file(m_directory.filePath(StateFile));
-    if (!file.open(QIODevice::ReadOnly)) {
+    const auto text = FileBytes::read(m_directory.filePath(StateFile), MaxFileSize);
+    if (!text) {
         qWarning("Open state.json failed");
         return false;
     }
 
-    const QJsonObject object = QJsonDocument::fromJson(file.read(MaxFileSize)).object();
+    const QJsonObject object = QJsonDocument::fromJson(*text).object();
     windowState = bytesOf(object, WindowStateKey);
     windowGeometry = bytesOf(object, WindowGeometryKey);
     tileZoom = object.value(TileZoomKey).toInt(DefaultTileZoom);
@@ -80,7 +73,7 @@ bool AppState::save() const
         {RecentKey, QJsonArray::fromStringList(recent)},
         {LastPathKey, lastPath},
     };
-    if (replaceFile(m_directory.filePath(StateFile), QJsonDocument(object).toJson()))
+    if (FileBytes::replace(m_directory.filePath(StateFile), QJsonDocument(object).toJson()))
         return true;
     qWarning("Open state.json failed");
     return false;
@@ -88,17 +81,17 @@ bool AppState::save() const
 
 QJsonDocument AppState::loadPreferences() const
 {
-    QFile file(m_directory.filePath(PreferencesFile));
-    if (!file.open(QIODevice::ReadOnly)) {
+    const auto text = FileBytes::read(m_directory.filePath(PreferencesFile), MaxFileSize);
+    if (!text) {
         qWarning("Failed to open settings json file");
         return {};
     }
-    return QJsonDocument::fromJson(file.read(MaxFileSize));
+    return QJsonDocument::fromJson(*text);
 }
 
 bool AppState::savePreferences(const QJsonDocument &preferences) const
 {
-    if (replaceFile(m_directory.filePath(PreferencesFile), preferences.toJson()))
+    if (FileBytes::replace(m_directory.filePath(PreferencesFile), preferences.toJson()))
         return true;
     qWarning("Failed to open settings json file");
     return false;

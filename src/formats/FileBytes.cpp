@@ -2,12 +2,13 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 
 namespace {
 
 constexpr qsizetype WriteChunk = 64 * 1024; // bytes; a larger write can be cut short unseen
 
-bool writeAll(QFile &file, const QByteArray &data)
+bool writeAll(QFileDevice &file, const QByteArray &data)
 {
     for (qsizetype done = 0; done < data.size(); done += WriteChunk) {
         const qsizetype length = std::min(WriteChunk, data.size() - done);
@@ -15,6 +16,12 @@ bool writeAll(QFile &file, const QByteArray &data)
             return false;
     }
     return file.flush();
+}
+
+/// Whether something that is no regular file bears the name.
+bool isBlocked(const QString &fileName)
+{
+    return QFileInfo::exists(fileName) && !FileBytes::isRegular(fileName);
 }
 
 } // namespace
@@ -42,7 +49,7 @@ std::optional<QByteArray> FileBytes::read(const QString &fileName, qint64 limit)
 
 bool FileBytes::write(const QString &fileName, const QByteArray &data)
 {
-    if (QFileInfo::exists(fileName) && !isRegular(fileName))
+    if (isBlocked(fileName))
         return false;
 
     QFile file(fileName);
@@ -52,4 +59,13 @@ bool FileBytes::write(const QString &fileName, const QByteArray &data)
     const bool written = writeAll(file, data);
     file.close();
     return written && file.error() == QFileDevice::NoError;
+}
+
+bool FileBytes::replace(const QString &fileName, const QByteArray &data)
+{
+    if (isBlocked(fileName))
+        return false;
+
+    QSaveFile file(fileName);
+    return file.open(QIODevice::WriteOnly) && writeAll(file, data) && file.commit();
 }

@@ -21,4 +21,8 @@ std::optional<QByteArray> read(const QString &fileName, qint64 limit = MaxRawSiz
 /// byte was written and flushed; part of the data may then be in the file.
 [[nodiscard]] bool write(const QString &fileName, const QByteArray &data);
 
+/// Puts a file of @p data in the place of an old one at once, so that a crash or a full disk leaves
+/// the old one. False if that fails.
+[[nodiscard]] bool replace(const QString &fileName, const QByteArray &data);
+
 } // namespace FileBytes

@@ -4,6 +4,7 @@
 #include "model/Project.h"
 #include "model/SpriteBank.h"
 #include "store/ProjectStore.h"
+#include "support/SmallDisk.h"
 
 #include <QDir>
 #include <QProcess>
@@ -73,30 +74,6 @@ namespace {
 
 const QString NotCreated = QStringLiteral("Could not create the project file");
 const QString Sibling = QStringLiteral(".a.tessaril.previous");
-
-/// A small file system in memory over a folder. Only the superuser may mount one.
-class SmallDisk
-{
-public:
-    explicit SmallDisk(const QString &folder)
-        : m_folder(folder)
-    {
-        const QStringList arguments{"-t", "tmpfs", "-o", "size=1200k", "none", folder};
-        m_isMounted = QProcess::execute("mount", arguments) == 0;
-    }
-    ~SmallDisk()
-    {
-        if (m_isMounted)
-            QProcess::execute("umount", {m_folder});
-    }
-    Q_DISABLE_COPY_MOVE(SmallDisk)
-
-    bool isMounted() const { return m_isMounted; }
-
-private:
-    QString m_folder;
-    bool m_isMounted = false;
-};
 
 } // namespace
 
