@@ -48,7 +48,7 @@ void drawMoon(Brush &brush)
             if (x * x + y * y > Radius * Radius + 14)
                 continue;
             const int seas = std::max(0, Brush::cloudNoise(x + 64, y + 64, 24, 3) - 118);
-            const int light = 78 - (x + y) - seas;
+            const int light = 62 - (x + y) * 2 / 3 - seas * 2;
             brush.dot(Moon.x() + x, Moon.y() + y,
                       Brush::ramp(shades, light, 100, Moon.x() + x, Moon.y() + y));
         }
@@ -114,8 +114,8 @@ void drawCabin(Brush &brush)
     brush.fill(QRect(at.x() + 7, at.y() + 8, 7, 12), 0100);
     for (int puff = 0; puff < 9; ++puff)
         brush.glow({at.x() + 25 + puff * puff / 5, at.y() - 18 - puff * 5}, 4 + puff, 0324);
-    brush.glow(at + QPoint(0, 10), 14, 0641);
-    brush.glow(at + QPoint(21, 10), 14, 0641);
+    brush.glow(at + QPoint(0, 10), 8, 0641);
+    brush.glow(at + QPoint(21, 10), 8, 0641);
 }
 
 /// The lake shows the picture above it upside down, darker, and torn by ripples.

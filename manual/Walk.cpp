@@ -176,7 +176,7 @@ void Walk::showSprites()
     openInTree(QStringLiteral("Sprites"), QStringLiteral("Creatures"));
     auto *const tab = views().tabs->currentWidget();
     if (auto *const list = tab->findChild<QListWidget *>())
-        list->setCurrentRow(0);
+        list->setCurrentRow(1);
     views().spriteWindow->raise();
     picture(QStringLiteral("sprites"));
 }

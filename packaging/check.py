@@ -5,6 +5,7 @@ Installing needs root, or sudo that asks nothing.
 """
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -65,6 +66,16 @@ def check_files(usr, name):
     assert f"Icon={name}\n" in entry and "MimeType" not in entry, entry
 
 
+def check_screenshots(usr, name):
+    """The metainfo tells the size of each screenshot, which is one of the manual's pictures."""
+    text = (usr / f"share/metainfo/{name}.metainfo.xml").read_text()
+    found = re.findall(r'<image width="(\d+)" height="(\d+)">.*/([\w-]+\.png)</image>', text)
+    assert len(found) >= 3, text
+    for width, height, picture in found:
+        head = (usr / "share/doc/tessaril/html/pictures" / picture).read_bytes()[16:24]
+        assert head == int(width).to_bytes(4, "big") + int(height).to_bytes(4, "big"), picture
+
+
 def check_with_tools(package, usr, name):
     run("desktop-file-validate", str(usr / f"share/applications/{name}.desktop"))
     run("appstreamcli", "validate", "--no-net", "--pedantic",
@@ -121,6 +132,7 @@ def main():
     package = build(folder)
     usr = unpacked(package, pathlib.Path("unpacked").resolve())
     check_files(usr, name)
+    check_screenshots(usr, name)
     check_with_tools(package, usr, name)
     check_mime_type(usr, pathlib.Path(".").resolve())
     fields = output("dpkg-deb", "-f", str(package), "Depends")
