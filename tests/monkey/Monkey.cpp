@@ -188,7 +188,7 @@ void Monkey::useMouse(QWidget *widget)
 
 void Monkey::useWheel(QWidget *widget)
 {
-    const QPoint position(pick(widget->width()), pick(widget->height()));
+    const QPoint position(pick(widget->width() + 1), pick(widget->height() + 1));
     const QPoint delta(0, pick(2) == 0 ? 120 : -120);
     note(QStringLiteral("wheel on %1").arg(nameOf(widget)));
     QWheelEvent event(position, widget->mapToGlobal(position), {}, delta, Qt::NoButton,

@@ -36,9 +36,10 @@ bool isExpected(const QString &message)
            message.startsWith(QStringLiteral("Open "));
 }
 
-/// Whether a layer or the grid shows is a view's matter, kept with the map but not recorded.
+/// How a map is looked at is kept with it, but is no step.
 const QStringList Unrecorded = {
-    QStringLiteral("grid_visible"), QStringLiteral("objectLayerVisible"),
+    QStringLiteral("grid_visible"),       QStringLiteral("backgroundTileIndex"),
+    QStringLiteral("tile_transparency"),  QStringLiteral("objectLayerVisible"),
     QStringLiteral("spriteLayerVisible"), QStringLiteral("tileLayerVisible")};
 
 QJsonValue recordedPart(const QJsonValue &value)
