@@ -9,6 +9,7 @@ class tst_ChannelSlider : public QObject
 private slots:
     void init();
     void theGrooveRunsFromEndToEnd();
+    void theGrooveHasAnOutlineOfOnePixel();
     void theHandleHasItsOwnColour();
     void theHandleFollowsTheValue();
     void aDisabledSliderIsPaler();
@@ -64,6 +65,19 @@ void tst_ChannelSlider::theGrooveRunsFromEndToEnd()
     QVERIFY(image.pixelColor(4, Middle).green() < 10);
     QCOMPARE(image.pixelColor(4, Middle).blue(), 40);
     QVERIFY(qAbs(image.pixelColor(100, Middle).green() - 128) < 4);
+}
+
+void tst_ChannelSlider::theGrooveHasAnOutlineOfOnePixel()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Mid, Qt::blue);
+    m_slider->setPalette(palette);
+    m_slider->setValue(7);
+
+    const QImage image = shot();
+
+    QCOMPARE(image.pixelColor(0, Middle), QColor(Qt::blue));
+    QVERIFY(image.pixelColor(1, Middle).red() > 190);
 }
 
 void tst_ChannelSlider::theHandleHasItsOwnColour()

@@ -2,11 +2,14 @@
 
 #include "colour/ChannelSlider.h"
 #include "colour/ColourEditorPopover.h"
+#include "history/EditRecorder.h"
 #include "model/Palette.h"
+#include "model/Project.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QUndoStack>
 
 using Tessaril::Ui::ImageType;
 
@@ -19,6 +22,7 @@ private slots:
     void leftPicksThePrimaryColour();
     void rightPicksTheSecondaryColour();
     void middleMakesAColourTransparentInSilence();
+    void middleMakesNoUndoStep();
     void clicksBeyondTheLastCellAreIgnored();
     void picksCountFromTheBankInSixteenColours();
     void anOffsetMovesBothPicks();
@@ -86,6 +90,22 @@ void tst_ColourPalette::middleMakesAColourTransparentInSilence()
 
     QCOMPARE(m_palette->transparencyIndex(), 3);
     QCOMPARE(primary.count() + secondary.count() + changed.count() + edited.count(), 0);
+}
+
+void tst_ColourPalette::middleMakesNoUndoStep()
+{
+    Project project;
+    QUndoStack stack;
+    const QPointer<Palette> palette = project.createPalette(CreateDefault, "Colours");
+    const EditRecorder recorder(&project, [&stack](const QUuid &) { return &stack; });
+    m_strip->setPalette(palette);
+
+    QTest::mousePress(m_strip.get(), Qt::MiddleButton, {}, middleOf(3));
+    QCOMPARE(palette->colour(3).alpha(), 0);
+    QCOMPARE(stack.count(), 0);
+
+    palette->setColour(3, Qt::white, false);
+    QCOMPARE(stack.count(), 1);
 }
 
 void tst_ColourPalette::clicksBeyondTheLastCellAreIgnored()

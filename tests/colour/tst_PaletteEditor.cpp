@@ -22,6 +22,7 @@ private slots:
     void aSelectedEntryIsShownForEditing();
     void oneSelectedIndexIsSetFromOutside();
     void theWholeRunTakesTheColour();
+    void theEditorTellsAfterThePalette();
     void anEditOfARunIsOneUndoStep();
     void slowEditsAreStepsOfTheirOwn();
     void anUndoIsShown();
@@ -123,6 +124,25 @@ void tst_PaletteEditor::theWholeRunTakesTheColour()
         QCOMPARE(m_palette->colour(index), QColor(255, 0, 255));
     QCOMPARE(m_palette->word(23), quint16(0x1701));
     QVERIFY(!colours()->isChanged());
+}
+
+void tst_PaletteEditor::theEditorTellsAfterThePalette()
+{
+    QStringList told;
+    connect(m_palette, &Palette::colourChanged, this,
+            [&told](int index) { told += QStringLiteral("changed %1").arg(index); });
+    connect(m_palette, &Palette::colourEdited, this,
+            [&told](int index) { told += QStringLiteral("edited %1").arg(index); });
+    connect(m_editor.get(), &PaletteEditor::paletteChanged, this,
+            [&told](int first, int last) { told += QString("run %1 %2").arg(first).arg(last); });
+    m_editor->selectionChanged(254, 255);
+
+    m_editor->colourChanged(Qt::red, true);
+    m_editor->colourChanged(Qt::red, true);
+
+    QCOMPARE(told, (QStringList{"changed 254", "edited 254", "changed 255", "edited 255",
+                                "run 254 255", "run 254 255"}));
+    QCOMPARE(m_palette->word(254), quint16(0xE080));
 }
 
 void tst_PaletteEditor::anEditOfARunIsOneUndoStep()

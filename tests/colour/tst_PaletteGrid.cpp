@@ -1,6 +1,7 @@
 #include "colour/PaletteGrid.h"
 
 #include "model/Palette.h"
+#include "support/PaintCounter.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -14,8 +15,10 @@ private slots:
     void paintsASquareForEachEntry();
     void anEmptyGridIsPlain();
     void framesTheSelectedRun();
+    void theFramesAreDotted();
     void aDisabledGridShowsNoSelection();
     void aChangedColourIsRepainted();
+    void onlyTheChangedCellIsRepainted();
     void aPressSelectsOneEntry();
     void aDragSelectsTheRunBetween();
     void aDragBeyondTheBorderEndsAtIt();
@@ -30,7 +33,8 @@ private slots:
 private:
     static QPoint middleOf(int index) { return {index % 16 * 16 + 7, index / 16 * 16 + 7}; }
     QColor pixel(int x, int y) { return m_grid->grab().toImage().pixelColor(x, y); }
-    bool hasWhite(const QRect &area);
+    int whitePixels(const QRect &area);
+    bool hasWhite(const QRect &area) { return whitePixels(area) > 0; }
 
     std::unique_ptr<Palette> m_palette;
     std::unique_ptr<PaletteGrid> m_grid;
@@ -51,16 +55,15 @@ void tst_PaletteGrid::init()
     m_grid->setPalette(QPointer<Palette>(m_palette.get()));
 }
 
-bool tst_PaletteGrid::hasWhite(const QRect &area)
+int tst_PaletteGrid::whitePixels(const QRect &area)
 {
     const QImage image = m_grid->grab(area).toImage();
+    int pixels = 0;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) == QColor(Qt::white))
-                return true;
-        }
+        for (int x = 0; x < image.width(); ++x)
+            pixels += image.pixelColor(x, y) == QColor(Qt::white);
     }
-    return false;
+    return pixels;
 }
 
 void tst_PaletteGrid::paintsASquareForEachEntry()
@@ -100,6 +103,18 @@ void tst_PaletteGrid::framesTheSelectedRun()
     QVERIFY(!hasWhite({0, 0, 16, 64}));
 }
 
+void tst_PaletteGrid::theFramesAreDotted()
+{
+    m_grid->setSelection(17, 18);
+
+    // Each of the two cells has a frame of its own, of which about every second pixel is a dot.
+    for (const QRect &edge : {QRect(16, 16, 16, 1), QRect(32, 16, 16, 1), QRect(16, 31, 16, 1),
+                              QRect(16, 16, 1, 16), QRect(31, 16, 1, 16), QRect(32, 16, 1, 16)}) {
+        QVERIFY(whitePixels(edge) >= 4);
+        QVERIFY(whitePixels(edge) <= 12);
+    }
+}
+
 void tst_PaletteGrid::aDisabledGridShowsNoSelection()
 {
     m_grid->setSelection(17, 18);
@@ -116,6 +131,22 @@ void tst_PaletteGrid::aChangedColourIsRepainted()
     m_palette->setColour(40, Qt::blue, false);
 
     QCOMPARE(pixel(middleOf(40).x(), middleOf(40).y()), QColor(0, 0, 255));
+}
+
+void tst_PaletteGrid::onlyTheChangedCellIsRepainted()
+{
+    m_grid->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_grid.get()));
+
+    const PaintCounter edited(*m_grid);
+    m_palette->setColour(40, Qt::blue, false);
+    QTRY_COMPARE(edited.count(), 1);
+    QCOMPARE(edited.region(), QRegion(8 * 16, 2 * 16, 16, 16));
+
+    const PaintCounter told(*m_grid);
+    m_grid->updateColour(17, Qt::red);
+    QTRY_COMPARE(told.count(), 1);
+    QCOMPARE(told.region(), QRegion(16, 16, 16, 16));
 }
 
 void tst_PaletteGrid::aPressSelectsOneEntry()

@@ -4,6 +4,7 @@
 #include "colour/ColourEditor.h"
 #include "colour/PaletteGrid.h"
 #include "model/Palette.h"
+#include "uikit/ThemedIcon.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -17,6 +18,7 @@ class tst_PaletteWindow : public QObject
 private slots:
     void init();
     void isNamedAndTitled();
+    void buttonsBearTheirIcons();
     void withoutAPaletteItSaysSo();
     void theTitleFollowsThePalettesName();
     void buttonsNeedASelection();
@@ -80,12 +82,20 @@ void tst_PaletteWindow::isNamedAndTitled()
     QCOMPARE(m_window->objectName(), QStringLiteral("paletteWindow"));
     QCOMPARE(m_window->windowTitle(), QStringLiteral("Palette: Cave"));
     QVERIFY(m_window->findChild<QWidget *>(QStringLiteral("paletteWidget")));
-    QVERIFY(!m_window->windowIcon().isNull());
     for (const QString &toolTip : {Darken, Lighten, Gradient}) {
         QCOMPARE(button(toolTip)->iconSize(), QSize(24, 24));
-        QVERIFY(!button(toolTip)->icon().isNull());
         QCOMPARE(button(toolTip)->accessibleName(), toolTip);
     }
+}
+
+void tst_PaletteWindow::buttonsBearTheirIcons()
+{
+    const auto image = [](const QIcon &icon) { return icon.pixmap(QSize(24, 24)).toImage(); };
+
+    QCOMPARE(image(button(Darken)->icon()), image(themedIcon(":/Darken")));
+    QCOMPARE(image(button(Lighten)->icon()), image(themedIcon(":/Lighten")));
+    QCOMPARE(image(button(Gradient)->icon()), image(themedIcon(":/Gradient")));
+    QCOMPARE(image(m_window->windowIcon()), image(themedIcon(":/Palette")));
 }
 
 void tst_PaletteWindow::withoutAPaletteItSaysSo()

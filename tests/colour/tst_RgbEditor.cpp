@@ -23,6 +23,8 @@ private slots:
     void settingLevelsTellsOnce();
     void aSliderIsMovedByTheKeyboard();
     void groovesPreviewTheOtherChannels();
+    void groovesFollowEachMove();
+    void handlesHaveTheColoursOfTheirChannels();
 
 private:
     QList<ChannelSlider *> sliders() { return m_editor->findChildren<ChannelSlider *>(); }
@@ -53,8 +55,9 @@ void tst_RgbEditor::hasARowForEachChannel()
 
 void tst_RgbEditor::rowsAreMeasured()
 {
+    m_editor->grab();
     for (const auto *label : m_editor->findChildren<ChannelLabel *>())
-        QCOMPARE(label->maximumWidth(), 20);
+        QCOMPARE(label->width(), 20);
     for (const auto *slider : sliders()) {
         QCOMPARE(slider->orientation(), Qt::Horizontal);
         QCOMPARE(slider->minimumHeight(), 18);
@@ -65,6 +68,7 @@ void tst_RgbEditor::rowsAreMeasured()
     for (const auto *number : numbers()) {
         QCOMPARE(number->minimumWidth(), 30);
         QCOMPARE(number->maximumWidth(), 30);
+        QCOMPARE(number->minimum(), 0);
         QCOMPARE(number->maximum(), 7);
         QCOMPARE(number->singleStep(), 1);
     }
@@ -146,6 +150,37 @@ void tst_RgbEditor::groovesPreviewTheOtherChannels()
 
     QVERIFY(end.red() > 240);
     QVERIFY(end.green() == 255 && end.blue() == 255);
+}
+
+void tst_RgbEditor::groovesFollowEachMove()
+{
+    sliders().at(1)->setValue(7);
+    const QImage red = sliders().at(0)->grab().toImage();
+    const QImage green = sliders().at(1)->grab().toImage();
+
+    const QColor redEnd = red.pixelColor(red.width() - 4, red.height() / 2);
+    QVERIFY(redEnd.red() > 240);
+    QCOMPARE(redEnd.green(), 255);
+    QCOMPARE(redEnd.blue(), 0);
+    const QColor greenStart = green.pixelColor(4, green.height() / 2);
+    QVERIFY(greenStart.green() < 20);
+    QCOMPARE(greenStart.red(), 0);
+}
+
+void tst_RgbEditor::handlesHaveTheColoursOfTheirChannels()
+{
+    const QList<QColor> handles{QColor(221, 51, 51), QColor(51, 221, 51), QColor(51, 51, 221)};
+    for (int row = 0; row < 3; ++row) {
+        const QImage image = sliders().at(row)->grab().toImage();
+        QList<int> pixels(3, 0);
+        for (int x = 0; x < image.width(); ++x) {
+            const auto handle = handles.indexOf(image.pixelColor(x, image.height() / 2));
+            if (handle >= 0)
+                ++pixels[handle];
+        }
+        for (int handle = 0; handle < 3; ++handle)
+            QCOMPARE(pixels.at(handle) > 5, handle == row);
+    }
 }
 
 QTEST_MAIN(tst_RgbEditor)

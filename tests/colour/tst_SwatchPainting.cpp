@@ -5,6 +5,33 @@
 #include <QPainter>
 #include <QTest>
 
+namespace {
+
+const QRect Cell(8, 8, 24, 24);
+const QColor Grey(127, 127, 127);
+
+QImage greyImage()
+{
+    QImage image(40, 40, QImage::Format_RGB32);
+    image.fill(Grey);
+    return image;
+}
+
+/// What is lighter than the ground for a sign of 1, darker for -1.
+QRect bounds(const QImage &image, int sign)
+{
+    QRect found;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (sign * (image.pixelColor(x, y).lightness() - Grey.lightness()) > 0)
+                found |= QRect(x, y, 1, 1);
+        }
+    }
+    return found;
+}
+
+} // namespace
+
 class tst_SwatchPainting : public QObject
 {
     Q_OBJECT
@@ -12,6 +39,7 @@ class tst_SwatchPainting : public QObject
 private slots:
     void anOpaqueColourFillsItsRectangle();
     void aTransparentColourIsHalfChequered();
+    void aMarkIsWhiteUpLeftOnBlackDownRight();
     void theToolTipTellsIndexLevelsAndFlags();
 };
 
@@ -43,6 +71,25 @@ void tst_SwatchPainting::aTransparentColourIsHalfChequered()
     QCOMPARE(image.pixelColor(6, 0), QColor(255, 0, 0));
     QCOMPARE(image.pixelColor(11, 11), QColor(255, 0, 0));
     QCOMPARE(image.pixelColor(12, 5), QColor(Qt::black));
+}
+
+void tst_SwatchPainting::aMarkIsWhiteUpLeftOnBlackDownRight()
+{
+    QImage plain = greyImage();
+    QPainter plainPainter(&plain);
+    plainPainter.setPen(Qt::white);
+    plainPainter.drawText(Cell, Qt::AlignCenter, QStringLiteral("2"));
+    plainPainter.end();
+    const QRect middle = bounds(plain, 1);
+    QVERIFY(!middle.isEmpty());
+
+    QImage image = greyImage();
+    QPainter painter(&image);
+    SwatchPainting::paintMark(&painter, Cell, QStringLiteral("2"));
+    painter.end();
+
+    QCOMPARE(bounds(image, 1), middle.translated(-1, -1));
+    QCOMPARE(bounds(image, -1).bottomRight(), middle.bottomRight() + QPoint(1, 1));
 }
 
 void tst_SwatchPainting::theToolTipTellsIndexLevelsAndFlags()

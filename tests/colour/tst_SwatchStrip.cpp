@@ -2,6 +2,7 @@
 #include "colour/ColourPalette.h"
 #include "colour/ColourSelector.h"
 #include "model/Palette.h"
+#include "support/PaintCounter.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -21,6 +22,8 @@ private slots:
     void aPaletteThatDiesUnderTheEditorIsLeftAlone();
     void anotherPaletteEndsTheEdit();
     void theFocusIsSeen();
+    void onlyTheChangedSwatchIsRepainted();
+    void whatIsSetIsRepainted();
 };
 
 void tst_SwatchStrip::arrowsMoveTheFirstPickAndShiftTheSecond_data()
@@ -145,6 +148,47 @@ void tst_SwatchStrip::theFocusIsSeen()
 
     QVERIFY(strip.grab().toImage() != before);
     QVERIFY(!strip.accessibleName().isEmpty());
+}
+
+void tst_SwatchStrip::onlyTheChangedSwatchIsRepainted()
+{
+    Palette palette;
+    ColourSelector selector(8, Qt::Vertical);
+    selector.setPalette(QPointer<Palette>(&palette));
+    selector.setOffset(2);
+    selector.resize(selector.sizeHint());
+    selector.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&selector));
+    const PaintCounter paints(selector);
+
+    palette.setColour(31, Qt::red, false); // of the bank before
+    QCoreApplication::processEvents();
+    QCOMPARE(paints.count(), 0);
+
+    palette.setColour(32 + 9, Qt::red, false);
+    QTRY_COMPARE(paints.count(), 1);
+    QCOMPARE(paints.region(), QRegion(24, 24, 24, 24));
+}
+
+void tst_SwatchStrip::whatIsSetIsRepainted()
+{
+    auto palette = std::make_unique<Palette>();
+    ColourPalette strip;
+    strip.resize(256, 256);
+    strip.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&strip));
+    const PaintCounter paints(strip);
+
+    strip.setPalette(QPointer<Palette>(palette.get()));
+    QTRY_COMPARE(paints.count(), 1);
+    strip.setPrimaryColour(4);
+    QTRY_COMPARE(paints.count(), 2);
+    strip.setSecondaryColour(5);
+    QTRY_COMPARE(paints.count(), 3);
+    QTest::mousePress(&strip, Qt::MiddleButton, {}, {7, 7});
+    QTRY_COMPARE(paints.count(), 4);
+    palette.reset();
+    QTRY_COMPARE(paints.count(), 5);
 }
 
 QTEST_MAIN(tst_SwatchStrip)

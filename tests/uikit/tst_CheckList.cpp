@@ -14,6 +14,7 @@ private slots:
     void cleanup();
 
     void startsWithTheRowsUnchecked();
+    void theRowsAreDrawnByItsOwnDelegate();
     void aPressOnARowTogglesIt();
     void thePopupStaysOpenForTheNextPress();
     void spaceTogglesTheCurrentRow();
@@ -59,6 +60,15 @@ void tst_CheckList::startsWithTheRowsUnchecked()
     QCOMPARE(m_list->checkState(0), Qt::Unchecked);
     QCOMPARE(m_list->itemData(1).toInt(), 4);
     QCOMPARE(m_list->overallState(), Qt::Unchecked);
+}
+
+void tst_CheckList::theRowsAreDrawnByItsOwnDelegate()
+{
+    m_list->show();
+    m_list->showPopup();
+
+    using Delegate = CheckList::QCheckListStyledItemDelegate;
+    QVERIFY(qobject_cast<Delegate *>(m_list->view()->itemDelegate()));
 }
 
 void tst_CheckList::aPressOnARowTogglesIt()

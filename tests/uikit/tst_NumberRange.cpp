@@ -1,5 +1,6 @@
 #include "uikit/NumberRange.h"
 
+#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -14,6 +15,7 @@ private slots:
     void cleanup();
 
     void showsOnlyAPlaceholder();
+    void standsInTheMiddleInItsOrder();
     void theButtonsMoveInsideTheRange();
     void aButtonAtItsEndSendsNothing();
     void typingANumberMoves();
@@ -64,6 +66,21 @@ void tst_NumberRange::showsOnlyAPlaceholder()
 
     m_range->setMaximum(512);
     QCOMPARE(edit()->placeholderText(), QStringLiteral("10 / 512"));
+}
+
+void tst_NumberRange::standsInTheMiddleInItsOrder()
+{
+    const QList<const QWidget *> row{button("⇤"), button("←"), edit(), button("→"), button("⇥")};
+    m_range->resize(600, 40);
+    m_range->show();
+
+    QCOMPARE(m_range->layout()->contentsMargins(), QMargins());
+    for (int place = 1; place < row.size(); ++place)
+        QCOMPARE(row.at(place)->x(), row.at(place - 1)->geometry().right() + 1 + 1);
+    const int left = row.first()->x();
+    const int right = m_range->width() - (row.last()->geometry().right() + 1);
+    QVERIFY(left > 100);
+    QVERIFY(qAbs(left - right) <= 1);
 }
 
 void tst_NumberRange::theButtonsMoveInsideTheRange()

@@ -1,5 +1,6 @@
 #include "uikit/ScrollBar.h"
 
+#include <QLayout>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -14,6 +15,8 @@ class tst_ScrollBar : public QObject
 private slots:
     void theButtonsStandAroundTheBar_data();
     void theButtonsStandAroundTheBar();
+    void theBarTakesTheRoomAndTheButtonsTheMiddle_data();
+    void theBarTakesTheRoomAndTheButtonsTheMiddle();
     void eachButtonNamesItsEnd();
     void forwardsTheValue();
     void theButtonsAreNamedByOrientation();
@@ -59,6 +62,26 @@ void tst_ScrollBar::theButtonsStandAroundTheBar()
     QVERIFY(along(all[2]) < along(all[3]));
     QCOMPARE(along(all[3]), 300 - 2 - 15);
     QCOMPARE(bar.bar()->orientation(), orientation);
+}
+
+void tst_ScrollBar::theBarTakesTheRoomAndTheButtonsTheMiddle_data()
+{
+    theButtonsStandAroundTheBar_data();
+}
+
+void tst_ScrollBar::theBarTakesTheRoomAndTheButtonsTheMiddle()
+{
+    QFETCH(Qt::Orientation, orientation);
+    const bool upright = orientation == Qt::Vertical;
+    ScrollBar bar(orientation);
+    bar.resize(upright ? QSize(41, 300) : QSize(300, 41));
+    bar.show();
+
+    const int gap = bar.layout()->spacing();
+    const QSize size = bar.bar()->size();
+    QCOMPARE(upright ? size.height() : size.width(), 300 - 2 * 2 - 4 * (15 + gap));
+    for (const QToolButton *button : buttons(bar))
+        QCOMPARE(upright ? button->x() : button->y(), (41 - 15) / 2);
 }
 
 void tst_ScrollBar::eachButtonNamesItsEnd()

@@ -1,6 +1,9 @@
 #include "uikit/ToolPalette.h"
 
+#include "uikit/ThemedIcon.h"
+
 #include <QAction>
+#include <QActionGroup>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
@@ -36,7 +39,7 @@ class tst_ToolPalette : public QObject
 private slots:
     void showsEachToolAsItsRecordSays_data();
     void showsEachToolAsItsRecordSays();
-    void everyToolHasAnIcon();
+    void theToolsUpToNineAreOneExclusiveGroup();
     void buttonsHaveOneSizeAndAName();
     void showsButtonsInTheOrderAdded();
     void anUnknownToolIsLoggedAndAddsNothing();
@@ -60,38 +63,41 @@ void tst_ToolPalette::showsEachToolAsItsRecordSays_data()
     QTest::addColumn<ToolButton>("tool");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("toolTip");
+    QTest::addColumn<QString>("icon");
+    QTest::addColumn<QString>("keys");
     QTest::addColumn<bool>("checkable");
-    const auto row = [](ToolButton tool, const char *text, const char *toolTip, bool checkable) {
-        QTest::newRow(text) << tool << text << toolTip << checkable;
+    const auto row = [](ToolButton tool, const char *text, const char *toolTip, const char *icon,
+                        const char *keys, bool checkable) {
+        QTest::newRow(text) << tool << text << toolTip << icon << keys << checkable;
     };
-    row(Draw, "Draw", "Draw [D]", true);
-    row(Line, "Line", "Line [L]", true);
-    row(Rectangle, "Rectangle", "Rectangle [R]", true);
-    row(RectangleFill, "Filled Rectangle", "Filled Rectangle", true);
-    row(Circle, "Circle/Oval", "Circle/Oval [C]", true);
-    row(Fill, "Fill", "Fill [F]", true);
-    row(Erase, "Erase", "Erase [E]", true);
-    row(Pick, "Pick", "Pick [P]", true);
-    row(Select, "Select", "Select [S]", true);
-    row(Resize, "Resize", "Resize", false);
-    row(Grid, "Toggle Grid", "Toggle Grid [G]", true);
-    row(ZoomIn, "Increase Magnification", "Increase Magnification [=]", false);
-    row(ZoomOut, "Decrease Magnification", "Decrease Magnification [-]", false);
-    row(MoveUp, "Move Up", "Move Up", false);
-    row(MoveDown, "Move Down", "Move Down", false);
-    row(MoveLeft, "Move Left", "Move Left", false);
-    row(MoveRight, "Move Right", "Move Right", false);
-    row(Cut, "Cut", "Cut", false);
-    row(Copy, "Copy", "Copy", false);
-    row(Paste, "Paste", "Paste", false);
-    row(Crop, "Crop", "Crop", false);
-    row(Open, "Import Image", "Import Image", false);
-    row(Save, "Export Image", "Export Image", false);
-    row(RotateCW, "Rotate CW", "Rotate CW", false);
-    row(RotateCCW, "Rotate CCW", "Rotate CCW", false);
-    row(Flip, "Flip", "Flip", false);
-    row(Mirror, "Mirror", "Mirror", false);
-    row(PaintPalette, "Palette", "Palette", false);
+    row(Draw, "Draw", "Draw [D]", ":/Paint", "D", true);
+    row(Line, "Line", "Line [L]", ":/Line", "L", true);
+    row(Rectangle, "Rectangle", "Rectangle [R]", ":/Rectangle", "R", true);
+    row(RectangleFill, "Filled Rectangle", "Filled Rectangle", ":/RectangleFill", "", true);
+    row(Circle, "Circle/Oval", "Circle/Oval [C]", ":/Circle", "C", true);
+    row(Fill, "Fill", "Fill [F]", ":/Fill", "F", true);
+    row(Erase, "Erase", "Erase [E]", ":/Erase", "E", true);
+    row(Pick, "Pick", "Pick [P]", ":/Picker", "P", true);
+    row(Select, "Select", "Select [S]", ":/Select", "S", true);
+    row(Resize, "Resize", "Resize", ":/Resize", "", false);
+    row(Grid, "Toggle Grid", "Toggle Grid [G]", ":/Grid", "G", true);
+    row(ZoomIn, "Increase Magnification", "Increase Magnification [=]", ":/ZoomIn", "=", false);
+    row(ZoomOut, "Decrease Magnification", "Decrease Magnification [-]", ":/ZoomOut", "-", false);
+    row(MoveUp, "Move Up", "Move Up", ":/Arrow/N", "", false);
+    row(MoveDown, "Move Down", "Move Down", ":/Arrow/S", "", false);
+    row(MoveLeft, "Move Left", "Move Left", ":/Arrow/W", "", false);
+    row(MoveRight, "Move Right", "Move Right", ":/Arrow/E", "", false);
+    row(Cut, "Cut", "Cut", ":/Cut", "", false);
+    row(Copy, "Copy", "Copy", ":/Copy", "", false);
+    row(Paste, "Paste", "Paste", ":/Paste", "", false);
+    row(Crop, "Crop", "Crop", ":/Crop", "", false);
+    row(Open, "Import Image", "Import Image", ":/OpenIcon", "", false);
+    row(Save, "Export Image", "Export Image", ":/SaveIcon", "", false);
+    row(RotateCW, "Rotate CW", "Rotate CW", ":/RotateCW", "", false);
+    row(RotateCCW, "Rotate CCW", "Rotate CCW", ":/RotateCCW", "", false);
+    row(Flip, "Flip", "Flip", ":/Flip", "", false);
+    row(Mirror, "Mirror", "Mirror", ":/Mirror", "", false);
+    row(PaintPalette, "Palette", "Palette", ":/Palette", "", false);
 }
 
 void tst_ToolPalette::showsEachToolAsItsRecordSays()
@@ -99,6 +105,8 @@ void tst_ToolPalette::showsEachToolAsItsRecordSays()
     QFETCH(ToolButton, tool);
     QFETCH(QString, text);
     QFETCH(QString, toolTip);
+    QFETCH(QString, icon);
+    QFETCH(QString, keys);
     QFETCH(bool, checkable);
     ToolPalette palette;
 
@@ -106,17 +114,22 @@ void tst_ToolPalette::showsEachToolAsItsRecordSays()
 
     QCOMPARE(action->text(), text);
     QCOMPARE(action->toolTip(), toolTip);
+    QCOMPARE(action->icon().pixmap(QSize(32, 32)).toImage(),
+             themedIcon(icon).pixmap(QSize(32, 32)).toImage());
+    QCOMPARE(action->shortcut(), QKeySequence(keys));
     QCOMPARE(action->isCheckable(), checkable);
     QCOMPARE(action->shortcutContext(), Qt::WidgetWithChildrenShortcut);
 }
 
-void tst_ToolPalette::everyToolHasAnIcon()
+void tst_ToolPalette::theToolsUpToNineAreOneExclusiveGroup()
 {
     ToolPalette palette;
     palette.addButtons(allTools());
+    const QActionGroup *const group = palette.action(ToolButton::Draw)->actionGroup();
 
+    QVERIFY(group && group->isExclusive());
     for (const ToolButton tool : allTools())
-        QVERIFY2(!palette.action(tool)->icon().isNull(), qPrintable(palette.action(tool)->text()));
+        QCOMPARE(palette.action(tool)->actionGroup(), int(tool) <= 9 ? group : nullptr);
 }
 
 void tst_ToolPalette::buttonsHaveOneSizeAndAName()
