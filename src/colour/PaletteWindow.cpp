@@ -21,6 +21,7 @@ PaletteWindow::PaletteWindow(QWidget *parent)
 {
     setObjectName(QStringLiteral("paletteWindow"));
     setWindowIcon(themedIcon(QStringLiteral(":/Palette")));
+    setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
     setPlaceholderText(tr("No palette selected"));
     setContentWidget(makeContent());
     connect(m_editor, &ColourEditor::colourChanged, this, &PaletteWindow::colourChanged);

@@ -17,6 +17,7 @@ private slots:
     void theTabTakesUndoBackByFocus();
     void otherDocksLeaveUndoWhereItIs();
     void anotherTileSetInTheFocusedWindowBringsItsUndo();
+    void anotherBankInTheFocusedWindowBringsItsUndo();
     void aDeletedTileSetTakesItsUndoAlong();
     void theNextProjectsTileSetHasItsUndo();
     void anEmptyDockHasNothingToUndo();
@@ -147,6 +148,26 @@ void tst_MainWindowFocus::anotherTileSetInTheFocusedWindowBringsItsUndo()
 
     QVERIFY(m_window->documents()->undoStack(first->id())->canUndo());
     QVERIFY(m_window->documents()->undoStack(second->id())->canRedo());
+}
+
+void tst_MainWindowFocus::anotherBankInTheFocusedWindowBringsItsUndo()
+{
+    m_window->newProject();
+    const auto first = addBank("one");
+    m_window->documents()->setActiveSpriteEditor(first->id());
+    SpriteWindow *const window = m_window->views().spriteWindow;
+    emit m_window->menus()->spriteMenu()->create(SpriteDialog::EightBit, "two",
+                                                 first->palette()->id()); // opens no tab
+    QCOMPARE(window->sprites()->name(), QString("two"));
+    focus(window);
+    QuietWindow::paintDot(window, 7);
+    QVERIFY(m_window->undo()->isEnabled());
+
+    m_window->documents()->setActiveSpriteEditor(first->id()); // its tab is in front already
+    QVERIFY(!m_window->undo()->isEnabled());
+    QuietWindow::paintDot(window, 7);
+
+    QVERIFY(m_window->undo()->isEnabled());
 }
 
 void tst_MainWindowFocus::aDeletedTileSetTakesItsUndoAlong()

@@ -1,6 +1,7 @@
 #include "app/Identity.h"
 #include "app/MainWindow.h"
 #include "dialogs/About.h"
+#include "support/FeedServer.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,6 +21,8 @@ class tst_MainWindowUpdates : public QObject
 
 private slots:
     void init();
+    void theStartChecksAsThePreferencesSay_data();
+    void theStartChecksAsThePreferencesSay();
     void anOfferOpensTheDialogUnlessAboutAsked_data();
     void anOfferOpensTheDialogUnlessAboutAsked();
     void upToDateIsToldToTheMenuOnly_data();
@@ -88,6 +91,41 @@ void tst_MainWindowUpdates::addOrigins()
     QTest::addRow("start") << Origin::StartUp;
     QTest::addRow("menu") << Origin::Menu;
     QTest::addRow("about") << Origin::About;
+}
+
+void tst_MainWindowUpdates::theStartChecksAsThePreferencesSay_data()
+{
+    QTest::addColumn<QByteArray>("preferences");
+    QTest::addColumn<bool>("checks");
+    const QString today = QDateTime::currentDateTimeUtc().date().toString(Qt::ISODate);
+    QTest::newRow("off") << QByteArray(R"({"general": {"versionCheckEnabled": false}})") << false;
+    QTest::newRow("on, never checked") << QByteArray(R"({"general": {}})") << true;
+    QTest::newRow("on, checked today")
+        << QString(R"({"general": {"lastUpdateCheck": "%1"}})").arg(today).toUtf8() << false;
+    QTest::newRow("on, checked long ago")
+        << QByteArray(R"({"general": {"lastUpdateCheck": "2020-01-01"}})") << true;
+}
+
+void tst_MainWindowUpdates::theStartChecksAsThePreferencesSay()
+{
+    QFETCH(QByteArray, preferences);
+    QFETCH(bool, checks);
+    m_window.reset();
+    QFile file(QDir::homePath() + "/.config/tessaril/preferences.json");
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(preferences);
+    file.close();
+    FeedServer server;
+    server.setAnswer(FeedServer::http("200 OK", "{}"));
+
+    m_window = std::make_unique<MainWindow>();
+    m_window->updates()->checker().setFeedAddress(server.address());
+
+    QCOMPARE(m_window->updates()->isStartCheckWaiting(), checks);
+    if (checks)
+        QTRY_VERIFY(aboutSays("You’re up to date"));
+    QCOMPARE(server.requests().size(), checks ? 1 : 0);
+    QVERIFY(!QApplication::activeModalWidget());
 }
 
 void tst_MainWindowUpdates::anOfferOpensTheDialogUnlessAboutAsked_data()

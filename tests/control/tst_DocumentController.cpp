@@ -1,14 +1,18 @@
+#include "canvas/Canvas.h"
 #include "control/Desk.h"
 #include "history/EditTarget.h"
 #include "mapeditor/MapGrid.h"
 #include "mapeditor/View.h"
 #include "model/Image.h"
 #include "model/Map.h"
+#include "model/MapObjects.h"
 #include "model/Palette.h"
 #include "model/Project.h"
 #include "model/SpriteBank.h"
 #include "model/TileSet.h"
+#include "support/DialogDriver.h"
 
+#include <QComboBox>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QTest>
@@ -56,10 +60,21 @@ private slots:
     void closingAnImageDropsItsStack();
     void theScratchEditorWritesToTheProject();
     void theScratchEditorTakesThePaletteAndTheSpriteMenu();
+    void aPaletteShowsInItsDockAndMenu();
+    void aTileSetTurnsItsItemsOn();
+    void blockListsComeBackToo();
+    void aMapOffersTheBanksOfTheProject();
     void theEndOfAProjectTakesTabsAndStacks();
     void withoutAProjectNothingOpens();
 
 private:
+    static bool isOn(const QMenu *menu, const QString &text)
+    {
+        const QList<QAction *> actions = menu->actions();
+        return std::any_of(actions.begin(), actions.end(), [&text](const QAction *action) {
+            return action->text() == text && action->isEnabled();
+        });
+    }
     QPointer<Map> addMap(const QString &name);
     MapEditor::View *currentMap() const;
 
@@ -337,14 +352,91 @@ void tst_DocumentController::theScratchEditorTakesThePaletteAndTheSpriteMenu()
     const auto palette = m_project->createPalette(CreateDefault, "colours");
     const QUuid bank =
         m_project->createSpriteBank(Tessaril::Sprite::EightBit, "heroes", palette->id())->id();
+    m_project->setScratchPaletteId(palette->id());
     m_desk->documents.setActiveSpriteEditor(bank);
     QVERIFY(m_desk->menuBar.spriteMenu()->spriteBank());
+    QVERIFY(isOn(m_desk->menuBar.spriteMenu(), "Export Data"));
 
     m_desk->tabs.setScratchEditorVisible(true);
     QVERIFY(!m_desk->menuBar.spriteMenu()->spriteBank());
+    QVERIFY(!isOn(m_desk->menuBar.spriteMenu(), "Export Data"));
+    QCOMPARE(m_desk->paletteWindow.windowTitle(), QString("Palette: colours"));
+    QVERIFY(m_desk->paletteWindow.isContentShown());
+    QVERIFY(m_desk->menuBar.paletteMenu()->paletteId().isNull()); // the menu is not told
     m_desk->tabs.setCurrentIndex(0);
 
     QCOMPARE(m_desk->menuBar.spriteMenu()->spriteBank()->id(), bank);
+    QVERIFY(isOn(m_desk->menuBar.spriteMenu(), "Export Data"));
+}
+
+void tst_DocumentController::aPaletteShowsInItsDockAndMenu()
+{
+    const auto palette = m_project->createPalette(CreateDefault, "sky");
+    m_desk->paletteWindow.setEnabled(false);
+
+    m_desk->documents.setActivePalette(palette->id());
+
+    QVERIFY(m_desk->paletteWindow.isEnabled());
+    QVERIFY(m_desk->paletteWindow.isContentShown());
+    QCOMPARE(m_desk->paletteWindow.windowTitle(), QString("Palette: sky"));
+    QCOMPARE(m_desk->menuBar.paletteMenu()->paletteId(), palette->id());
+}
+
+void tst_DocumentController::aTileSetTurnsItsItemsOn()
+{
+    const auto tileSet = m_project->createTileSet("cave", QUuid(), 16);
+    TileMenu *const menu = m_desk->menuBar.tileMenu();
+    menu->setEnabled(false);
+    menu->setNewTileSetEnabled(false);
+    m_desk->tileWindow.setEnabled(false);
+    QVERIFY(!isOn(menu, "Export"));
+
+    m_desk->documents.setActiveTileSet(tileSet->id());
+
+    QVERIFY(m_desk->tileWindow.isEnabled());
+    QVERIFY(m_desk->tileWindow.isContentShown());
+    QCOMPARE(menu->tileSetId(), tileSet->id());
+    QVERIFY(menu->isEnabled());
+    QVERIFY(isOn(menu, "New Tile Set"));
+    QVERIFY(isOn(menu, "Export"));
+    QCOMPARE(m_desk->blockSelector.windowTitle(), QString("Map Objects: cave"));
+    QCOMPARE(m_desk->tileWindow.findChild<Canvas *>()->palette(), tileSet->palette());
+}
+
+void tst_DocumentController::blockListsComeBackToo()
+{
+    const auto tileSet = m_project->createTileSet("cave", QUuid(), 16);
+    const QUuid blocks = m_project->createBlockList("lifts", tileSet->id())->id();
+    m_project->setOpenDocuments({blocks.toString()});
+
+    m_desk->documents.restoreOpenDocuments();
+
+    QCOMPARE(m_desk->tabs.documentIds(), QList<QUuid>({blocks}));
+    QCOMPARE(m_desk->tabs.widget(0)->property("document_type").toInt(), 4);
+    QCOMPARE(m_desk->tileWindow.tileSet(), tileSet);
+}
+
+void tst_DocumentController::aMapOffersTheBanksOfTheProject()
+{
+    const auto *const combo =
+        DialogDriver::field<QComboBox>(m_desk->mapSprites, QStringLiteral("Sprite bank"));
+    m_desk->documents.setActiveMap(addMap("level")->id());
+    QVERIFY(!m_desk->mapSprites.isContentShown());
+    m_desk->tabs.closeAll();
+    m_project->createSpriteBank(Tessaril::Sprite::EightBit, "heroes", QUuid());
+    QCOMPARE(combo->count(), 0);
+
+    m_desk->documents.setActiveMap(m_project->maps().first()->id());
+    QVERIFY(m_desk->mapSprites.isContentShown());
+    QCOMPARE(combo->count(), 1);
+    m_desk->documents.endProject();
+    m_desk->control.close();
+    m_desk->documents.clearViews();
+
+    QCOMPARE(combo->count(), 0);
+    QVERIFY(!m_desk->mapSprites.isContentShown());
+    QVERIFY(!m_desk->blockSelector.isContentShown());
+    QVERIFY(!isOn(m_desk->menuBar.fileMenu(), "Save"));
 }
 
 void tst_DocumentController::theEndOfAProjectTakesTabsAndStacks()
