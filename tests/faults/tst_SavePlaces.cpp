@@ -60,7 +60,7 @@ private:
 
 namespace {
 
-constexpr int MaxMs = 1000;
+constexpr int MaxMs = 5000; // waiting, on a machine that others use
 const QString NotCreated = QStringLiteral("Could not create the project file");
 
 QString loadedName(const QString &fileName)
