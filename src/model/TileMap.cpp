@@ -261,7 +261,9 @@ void TileMap::adjustIndices(int index, int direction)
             return 0;
         return tile > index ? tile - 1 : tile;
     };
-    if (!renumber(m_rows, renumbered))
+    // Cells of tile 0 keep their number when it goes, but the tile behind it takes its place.
+    const bool firstWent = direction < 0 && index == 0;
+    if (!renumber(m_rows, renumbered) && !firstWent)
         return;
 
     m_tileCache.reset(nullptr);

@@ -1,3 +1,4 @@
+#include "model/Map.h"
 #include "model/Palette.h"
 #include "model/Tile.h"
 #include "model/TileMap.h"
@@ -93,6 +94,7 @@ private slots:
     void fillingEqualsAFreshDrawing();
     void changesThrowThePictureAway_data();
     void changesThrowThePictureAway();
+    void deletingTheFirstTileShowsItsSuccessor();
     void aRedrawnPictureKeepsNothingOfTheLast();
     void aChangedTileIsDrawnAnew();
     void aRestoredTileSetIsDrawnAnew();
@@ -231,6 +233,21 @@ void tst_TileMapPicture::changesThrowThePictureAway()
 
     QVERIFY(whole(map) != before);
     QCOMPARE(whole(map), plainlyDrawn(map));
+}
+
+void tst_TileMapPicture::deletingTheFirstTileShowsItsSuccessor()
+{
+    TestMaps::PlainTiles tiles(2);
+    Map map(QStringLiteral("level"));
+    map.setTileLayer(new TileMap({1, 1}));
+    map.setTileSet(tiles.set.get());
+    map.tileLayer()->setCell({0, 0}, cell(0));
+    QCOMPARE(pixelOf(*map.tileLayer(), {0, 0}), 0);
+
+    tiles.set->deleteTile(0);
+
+    QCOMPARE(map.tileLayer()->cell({0, 0}).index, 0);
+    QCOMPARE(pixelOf(*map.tileLayer(), {0, 0}), 1);
 }
 
 void tst_TileMapPicture::aRedrawnPictureKeepsNothingOfTheLast()
