@@ -65,6 +65,7 @@ void tst_ColourSteps::darkerTakesTheSmallestStep_data()
     QTest::newRow("red") << QColor(255, 0, 0) << QList<int>{6, 0, 0};
     QTest::newRow("the darkest red") << QColor(37, 0, 0) << QList<int>{0, 0, 0};
     QTest::newRow("a mixture") << QColor(219, 110, 37) << QList<int>{5, 2, 1};
+    QTest::newRow("the longest step") << QColor(72, 0, 0) << QList<int>{0, 0, 0};
 }
 
 void tst_ColourSteps::darkerTakesTheSmallestStep()
@@ -88,6 +89,7 @@ void tst_ColourSteps::lighterTakesTheSmallestStep_data()
     QTest::newRow("the darkest red") << QColor(37, 0, 0) << QList<int>{2, 0, 0};
     QTest::newRow("middle grey") << QColor(110, 110, 110) << QList<int>{4, 4, 4};
     QTest::newRow("full red fades") << QColor(255, 0, 0) << QList<int>{7, 1, 1};
+    QTest::newRow("a step beyond a factor of 1.98") << QColor(18, 0, 0) << QList<int>{};
 }
 
 void tst_ColourSteps::lighterTakesTheSmallestStep()

@@ -6,6 +6,7 @@
 #include "history/EditRecorder.h"
 #include "model/Palette.h"
 #include "model/Project.h"
+#include "support/PaintCounter.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
@@ -27,6 +28,8 @@ private slots:
     void slowEditsAreStepsOfTheirOwn();
     void anUndoIsShown();
     void aColourThatThePaletteRoundsIsShownRounded();
+    void theGridIsRepaintedEvenWhereNothingChanged();
+    void theOldPaletteIsNotHeardAnyMore();
     void aDeadPaletteDisablesTheEditor();
 
 private:
@@ -201,6 +204,30 @@ void tst_PaletteEditor::aColourThatThePaletteRoundsIsShownRounded()
     QCOMPARE(m_palette->word(20), quint16(0xFF01));
     QCOMPARE(colours()->colour(), QColor(Qt::white));
     QVERIFY(!colours()->isChanged());
+}
+
+void tst_PaletteEditor::theGridIsRepaintedEvenWhereNothingChanged()
+{
+    m_editor->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_editor.get()));
+    const PaintCounter paints(*grid());
+
+    m_editor->colourChanged(m_palette->colour(0), m_palette->priority(0));
+
+    QTRY_COMPARE(paints.count(), 1);
+}
+
+void tst_PaletteEditor::theOldPaletteIsNotHeardAnyMore()
+{
+    const QPointer<Palette> other = m_project->createPalette(CreateBlank, "Other");
+    m_editor->setPalette(other);
+
+    m_palette->setColour(0, Qt::white, true);
+
+    QCOMPARE(colours()->colour(), QColor(Qt::black));
+    QVERIFY(!colours()->priority());
+    QVERIFY(m_project->deletePalette(m_palette->id()));
+    QVERIFY(grid()->isEnabled());
 }
 
 void tst_PaletteEditor::aDeadPaletteDisablesTheEditor()

@@ -19,6 +19,7 @@ private slots:
     void aDisabledGridShowsNoSelection();
     void aChangedColourIsRepainted();
     void onlyTheChangedCellIsRepainted();
+    void theSelectionIsRepainted();
     void aPressSelectsOneEntry();
     void aDragSelectsTheRunBetween();
     void aDragBeyondTheBorderEndsAtIt();
@@ -147,6 +148,22 @@ void tst_PaletteGrid::onlyTheChangedCellIsRepainted()
     m_grid->updateColour(17, Qt::red);
     QTRY_COMPARE(told.count(), 1);
     QCOMPARE(told.region(), QRegion(16, 16, 16, 16));
+}
+
+void tst_PaletteGrid::theSelectionIsRepainted()
+{
+    m_grid->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_grid.get()));
+    const PaintCounter paints(*m_grid);
+
+    m_grid->setSelection(17, 18);
+    QTRY_COMPARE(paints.count(), 1);
+    QTest::mousePress(m_grid.get(), Qt::LeftButton, {}, middleOf(40));
+    QTRY_COMPARE(paints.count(), 2);
+    QTest::mouseMove(m_grid.get(), middleOf(42));
+    QTRY_COMPARE(paints.count(), 3);
+    m_palette.reset();
+    QTRY_COMPARE(paints.count(), 4);
 }
 
 void tst_PaletteGrid::aPressSelectsOneEntry()

@@ -26,6 +26,7 @@ private slots:
     void askingForTheHeightMovesNothing();
     void theMinimumIsTheLargestItem();
     void takingAnItemHandsItOver();
+    void aChangeLaysOutAgain();
     void aNestedLayoutIsLaidOutInItsPlace();
 
 private:
@@ -228,6 +229,21 @@ void tst_FlowLayout::takingAnItemHandsItOver()
     QCOMPARE(m_layout->count(), 1);
     QCOMPARE(m_layout->itemAt(0)->widget(), m_items.first());
     QVERIFY(!m_layout->itemAt(1));
+}
+
+void tst_FlowLayout::aChangeLaysOutAgain()
+{
+    addItem(20, 10);
+    addItem(20, 10);
+    m_window->resize(61, 50);
+    m_window->show();
+    QCOMPARE(m_items.at(1)->x(), 10 + 21);
+
+    m_layout->setSpacing(5);
+    QTRY_COMPARE(m_items.at(1)->x(), 8 + 25);
+
+    const std::unique_ptr<QLayoutItem> taken(m_layout->takeAt(0));
+    QTRY_COMPARE(m_items.at(1)->x(), 20);
 }
 
 void tst_FlowLayout::aNestedLayoutIsLaidOutInItsPlace()

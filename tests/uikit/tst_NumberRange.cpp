@@ -127,9 +127,8 @@ void tst_NumberRange::typingANumberMoves()
     QCOMPARE(m_range->value(), 64);
     QCOMPARE(edit()->text(), QString());
     QCOMPARE(edit()->placeholderText(), QStringLiteral("64 / 64"));
-    QVERIFY(!changed.isEmpty());
-    for (const auto &arguments : changed)
-        QCOMPARE(arguments.first().toInt(), 64);
+    // Return is told by the edit both as a press and as the end of editing.
+    QCOMPARE(changed, (QList<QVariantList>{{64}, {64}}));
 }
 
 void tst_NumberRange::whatCannotBeTakenOnlyClearsTheEdit_data()
