@@ -14,6 +14,7 @@ class tst_ProjectTree : public QObject
 
 private slots:
     void init();
+    void isSetUpForDocuments();
     void rebuildMakesSixHiddenGroupsInOrder();
     void aGroupShowsOnceItHasADocument();
     void palettesNeverShow();
@@ -86,6 +87,20 @@ QStringList tst_ProjectTree::chooseFromMenu(QTreeWidgetItem *item, const QString
     emit m_tree->customContextMenuRequested(m_tree->visualItemRect(item).center());
     QCoreApplication::processEvents();
     return texts;
+}
+
+void tst_ProjectTree::isSetUpForDocuments()
+{
+    QCOMPARE(m_tree->contextMenuPolicy(), Qt::CustomContextMenu);
+    QVERIFY(!m_tree->alternatingRowColors());
+    QVERIFY(m_tree->isHeaderHidden());
+    QVERIFY(m_tree->isAnimated());
+    QVERIFY(!m_tree->rootIsDecorated());
+    QVERIFY(!m_tree->hasMouseTracking());
+    QCOMPARE(m_tree->focusPolicy(), Qt::NoFocus);
+    QCOMPARE(m_tree->columnCount(), 1);
+    QVERIFY(!m_tree->expandsOnDoubleClick());
+    QCOMPARE(m_tree->editTriggers(), QAbstractItemView::EditKeyPressed);
 }
 
 void tst_ProjectTree::rebuildMakesSixHiddenGroupsInOrder()
