@@ -8,6 +8,7 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QSet>
 #include <QUuid>
 
 class EditRecorder;
@@ -16,6 +17,7 @@ class Image;
 class Map;
 class Project;
 class ProjectController;
+class QDockWidget;
 
 namespace MapEditor {
 class View;
@@ -87,7 +89,7 @@ private:
     void followDock(QWidget *dock);
     EditTarget *editTarget() const;
     void routeFocus(QWidget *now);
-    void enterPlacementMode(bool visible, Tessaril::Ui::ToolButton mode);
+    void followPlacementDock(QDockWidget *dock, bool visible, Tessaril::Ui::ToolButton mode);
 
     DocumentViews m_views;
     ProjectController *m_controller;
@@ -95,6 +97,7 @@ private:
     QPointer<EditRecorder> m_recorder;
     QList<QMetaObject::Connection> m_mapConnections; // between the docks and the current map view
     QHash<MapEditor::View *, bool> m_wasAnimated;    // before the save; keys are only compared
+    QSet<QDockWidget *> m_docksAway;                 // with the minimised window; only compared
     QPointer<QObject> m_editTarget;
     QPointer<MapEditor::View> m_mapView; // that the tool bar is attached to
 };

@@ -36,10 +36,12 @@ DocumentController::DocumentController(const DocumentViews &views, ProjectContro
     m_views.spriteWindow->setStackFor(stackFor);
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget *, QWidget *now) { routeFocus(now); });
-    connect(m_views.blockSelector, &QDockWidget::visibilityChanged, this,
-            [this](bool visible) { enterPlacementMode(visible, Tool::PlaceAnim); });
-    connect(m_views.mapSprites, &QDockWidget::visibilityChanged, this,
-            [this](bool visible) { enterPlacementMode(visible, Tool::PlaceSprite); });
+    connect(m_views.blockSelector, &QDockWidget::visibilityChanged, this, [this](bool visible) {
+        followPlacementDock(m_views.blockSelector, visible, Tool::PlaceAnim);
+    });
+    connect(m_views.mapSprites, &QDockWidget::visibilityChanged, this, [this](bool visible) {
+        followPlacementDock(m_views.mapSprites, visible, Tool::PlaceSprite);
+    });
 }
 
 DocumentController::~DocumentController()
@@ -176,9 +178,19 @@ void DocumentController::routeFocus(QWidget *now)
         tabChanged();
 }
 
-void DocumentController::enterPlacementMode(bool visible, Tool mode)
+void DocumentController::followPlacementDock(QDockWidget *dock, bool visible, Tool mode)
 {
+    if (!visible) {
+        if (dock->window()->isMinimized())
+            m_docksAway.insert(dock);
+        else
+            m_docksAway.remove(dock);
+        return;
+    }
+    // A dock that comes back with its minimised window is no wish to place something.
+    if (m_docksAway.remove(dock))
+        return;
     auto *const view = qobject_cast<MapEditor::View *>(m_views.tabs->currentWidget());
-    if (visible && view && project() && view->grid()->mode() != mode)
+    if (view && project() && view->grid()->mode() != mode)
         view->grid()->setMode(mode); // which the tool palette follows
 }

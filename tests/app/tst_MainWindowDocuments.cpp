@@ -35,6 +35,7 @@ private slots:
     void placementModesOfTheCurrentMapShowTheDocks();
     void placementDocksSwitchTheCurrentMapOnly();
     void aShownDockLeavesAnotherTabAlone();
+    void theToolSurvivesAMinimisedWindow();
     void theScratchTickFollowsItsTab();
     void tileChangesOfOneSetReachOtherOpenMaps();
 
@@ -307,6 +308,29 @@ void tst_MainWindowDocuments::aShownDockLeavesAnotherTabAlone()
     QTRY_VERIFY(!m_window->views().mapSprites->visibleRegion().isEmpty());
 
     QCOMPARE(view->grid()->mode(), Tool::Draw);
+}
+
+void tst_MainWindowDocuments::theToolSurvivesAMinimisedWindow()
+{
+    MapEditor::View *const view = open(m_window->addMap("one"));
+    m_window->views().mapSprites->raise();
+    QTRY_COMPARE(view->grid()->mode(), Tool::PlaceSprite);
+    view->grid()->setMode(Tool::Draw);
+    QSignalSpy shown(m_window->views().mapSprites, &QDockWidget::visibilityChanged);
+
+    m_window->get()->showMinimized();
+    QTRY_VERIFY(m_window->get()->isMinimized());
+    QCoreApplication::processEvents();
+    m_window->get()->showNormal();
+    QTRY_VERIFY(!m_window->get()->isMinimized());
+    QCoreApplication::processEvents();
+
+    QCOMPARE(shown, QList<QVariantList>({{false}, {true}}));
+    QCOMPARE(view->grid()->mode(), Tool::Draw);
+    m_window->views().mapSprites->hide();
+    m_window->views().mapSprites->show();
+    m_window->views().mapSprites->raise();
+    QTRY_COMPARE(view->grid()->mode(), Tool::PlaceSprite);
 }
 
 void tst_MainWindowDocuments::theScratchTickFollowsItsTab()

@@ -37,6 +37,7 @@ private slots:
     void aViewsExportsAreWritten();
     void theWindowMenuListsTheDocksInOrder();
     void theScratchItemNeedsAProject();
+    void aPaletteComesToTheFront();
     void theStatusBarIsToggledByItsItem();
     void theMagnificationMenuZoomsThePicker();
     void swappingASpriteBanksPalette();
@@ -275,8 +276,10 @@ void tst_MainWindowWiring::theScratchItemNeedsAProject()
     Project *const project = m_window->newProject();
     QVERIFY(item->isEnabled());
 
+    m_window->views().tileWindow->raise();
     item->trigger();
     QCOMPARE(m_window->views().tabs->currentWidget(), m_window->views().tabs->scratchEditor());
+    QTRY_VERIFY(!m_window->views().paletteWindow->visibleRegion().isEmpty());
     const QByteArray blank = NextFormats::pixelBytes(project->scratchImage());
     QuietWindow::paintDot(m_window->views().tabs->currentWidget(), 9);
     QVERIFY(NextFormats::pixelBytes(project->scratchImage()) != blank);
@@ -285,6 +288,19 @@ void tst_MainWindowWiring::theScratchItemNeedsAProject()
     m_window->control()->close();
 
     QVERIFY(!item->isEnabled());
+}
+
+void tst_MainWindowWiring::aPaletteComesToTheFront()
+{
+    Project *const project = m_window->newProject();
+    const auto palette = project->createPalette(CreateDefault, "sky");
+    m_window->views().tileWindow->raise();
+    QTRY_VERIFY(m_window->views().paletteWindow->visibleRegion().isEmpty());
+
+    emit m_window->views().projectWindow->selectedPaletteChanged(palette->id());
+
+    QTRY_VERIFY(!m_window->views().paletteWindow->visibleRegion().isEmpty());
+    QCOMPARE(m_window->views().paletteWindow->windowTitle(), QString("Palette: sky"));
 }
 
 void tst_MainWindowWiring::theStatusBarIsToggledByItsItem()

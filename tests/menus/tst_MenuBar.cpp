@@ -1,5 +1,6 @@
 #include "menus/MenuBar.h"
 #include "model/Project.h"
+#include "uikit/ThemedIcon.h"
 
 #include <QApplication>
 #include <QTest>
@@ -58,6 +59,7 @@ private slots:
     void theMenusStandInTheOrderOfTheBar();
     void everyItemHasItsTextShortcutAndIcon_data();
     void everyItemHasItsTextShortcutAndIcon();
+    void fileItemsBearTheirIcons();
     void whatWorksFollowsTheProject_data();
     void whatWorksFollowsTheProject();
     void shortcutsOfADisabledMenuDoNothing();
@@ -135,6 +137,24 @@ void tst_MenuBar::everyItemHasItsTextShortcutAndIcon()
         QCOMPARE(items.at(index).text, expected.at(index).text);
         QCOMPARE(items.at(index).shortcut, expected.at(index).shortcut);
         QCOMPARE(items.at(index).icon, expected.at(index).icon);
+    }
+}
+
+void tst_MenuBar::fileItemsBearTheirIcons()
+{
+    MenuBar bar;
+    const QPair<const char *, const char *> expected[] = {
+        {"New", ":/tb-new-file"},         {"Open", ":/tb-open-file"},
+        {"Save", ":/tb-save-file"},       {"Save As", ":/tb-save-file-as"},
+        {"Close", ":/tb-close-document"}, {"Quit", ":/tb-exit-application"}};
+    const auto picture = [](const QIcon &icon) { return icon.pixmap(24, 24).toImage(); };
+    QImage blank(24, 24, QImage::Format_ARGB32_Premultiplied);
+    blank.fill(Qt::transparent);
+
+    for (const auto &[text, path] : expected) {
+        const QImage shown = picture(actionOf(bar.fileMenu(), text)->icon());
+        QCOMPARE(shown, picture(themedIcon(QString::fromLatin1(path))));
+        QVERIFY2(shown.convertToFormat(blank.format()) != blank, path);
     }
 }
 
