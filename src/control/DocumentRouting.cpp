@@ -183,8 +183,6 @@ void DocumentController::followPlacementDock(QDockWidget *dock, bool visible, To
     if (!visible) {
         if (dock->window()->isMinimized())
             m_docksAway.insert(dock);
-        else
-            m_docksAway.remove(dock);
         return;
     }
     // A dock that comes back with its minimised window is no wish to place something.
