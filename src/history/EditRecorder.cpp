@@ -15,15 +15,6 @@
 
 namespace {
 
-/// The colours of a restored picture are those of today: only the pixels are part of the step.
-SpriteBank::State withPresentColours(const SpriteBank *sprites, SpriteBank::State state)
-{
-    const QList<QRgb> present = sprites->image().colorTable();
-    if (state.image.colorTable() != present)
-        state.image.setColorTable(present);
-    return state;
-}
-
 /// Brings to the tiles what has changed in the palette since their snapshot, as it reached those
 /// that the set had by then.
 void updateColours(TileSet *tileSet, const EditRecorder::TileSetEdit &edit)
@@ -239,13 +230,10 @@ void EditRecorder::spritesChanged(SpriteBank *sprites, const QString &text)
     const SpriteBank::State before = m_pendingSprites.take(sprites);
     const SpriteBank::State after = sprites->state();
     refreshBaselines();
-    const auto restore = [](SpriteBank *target, const SpriteBank::State &state) {
-        target->restore(withPresentColours(target, state));
-    };
     using Command = SnapshotCommand<SpriteBank::State>;
-    auto step =
-        std::make_unique<Command>(text, before, after, applier<SpriteBank::State>(sprites, restore),
-                                  Command::Merging{}, m_clock());
+    auto step = std::make_unique<Command>(text, before, after,
+                                          applier<SpriteBank::State>(sprites, &SpriteBank::restore),
+                                          Command::Merging{}, m_clock());
     addPlacedSprites(m_pendingPlacedSprites.take(sprites), step.get());
     push(std::move(step), sprites->id());
 }
