@@ -87,6 +87,10 @@ void tst_MapEditCommand::redoOfAnAppliedStepDoesNothing()
     command->redo();
 
     QCOMPARE(restored.count(), 0);
+    command->undo();
+    command->redo();
+    command->redo();
+    QCOMPARE(restored.count(), 2);
 }
 
 void tst_MapEditCommand::eachBatchIsAStep()

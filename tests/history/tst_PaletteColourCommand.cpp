@@ -117,6 +117,11 @@ void tst_PaletteColourCommand::redoOfAnAppliedStepDoesNothing()
     command.redo();
 
     QCOMPARE(m_palette->word(3), quint16(0));
+    command.undo();
+    command.redo();
+    m_palette->setWord(3, 0x0400);
+    command.redo();
+    QCOMPARE(m_palette->word(3), quint16(0x0400));
 }
 
 void tst_PaletteColourCommand::mergesOnlyWithinTheWindow_data()

@@ -66,6 +66,11 @@ void tst_PixelEditCommand::redoOfAnAppliedStepDoesNothing()
     command->redo();
 
     QVERIFY(m_shown.isNull());
+    command->undo();
+    command->redo();
+    m_shown = QImage();
+    command->redo();
+    QVERIFY(m_shown.isNull());
 }
 
 void tst_PixelEditCommand::consecutiveScrollsAreOneStep()

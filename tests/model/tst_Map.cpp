@@ -75,6 +75,7 @@ private slots:
     void insertedTilesRenumberBothLayers();
     void anotherSetIsNoLongerFollowed();
     void resizingWithoutALayerWarnsAndSendsNothing();
+    void resizingWithoutAnObjectLayer();
     void resizingMovesLayersSpritesAndBlocks();
     void resizingToTheRightMovesSpritesAlong();
     void resizingToWhatIsNotAllowedDoesNothing();
@@ -98,6 +99,7 @@ private slots:
     void restoringEndsWithRestored();
     void restoringBringsBackEverything();
     void stateRowsAreShared();
+    void withoutLayersThePlacedThingsStay();
     void exportsTwoBytesACell();
     void exportIntoAMissingFolderFails();
 };
@@ -243,6 +245,18 @@ void tst_Map::resizingWithoutALayerWarnsAndSendsNothing()
 
     QCOMPARE(resized.count(), 0);
     QCOMPARE(map.sprites().size(), 1);
+}
+
+void tst_Map::resizingWithoutAnObjectLayer()
+{
+    Map map(QStringLiteral("level"));
+    map.setTileLayer(new TileMap({2, 2}));
+    QSignalSpy resized(&map, &Map::resized);
+
+    map.resize({3, 1}, Qt::AlignLeft);
+
+    QCOMPARE(map.tileLayer()->size(), QSize(3, 1));
+    QCOMPARE(resized.count(), 1);
 }
 
 void tst_Map::resizingMovesLayersSpritesAndBlocks()
@@ -459,6 +473,7 @@ void tst_Map::theNullIdIsNeverStamped()
     MapObjects list;
     TileAnimation *animation = countedAnimation(&list, {2, 1});
     animation->setId(QUuid());
+    list.addAnimation(animation);
     map->addAnimation({QUuid(), {0, 0, 2, 1}, 0, 0, 0});
 
     map->restoreAnimations({&list});
@@ -594,6 +609,29 @@ void tst_Map::stateRowsAreShared()
     QVERIFY(state.objectRows.isSharedWith(map->objectLayer()->rows()));
     QVERIFY(state.tileRows.at(0).isSharedWith(map->tileLayer()->rows().at(0)));
     QCOMPARE(state.tileRows.at(1).at(1).index, 0);
+}
+
+void tst_Map::withoutLayersThePlacedThingsStay()
+{
+    TileSet tiles(nullptr, 2);
+    MapObjects list;
+    const TileAnimation *animation = countedAnimation(&list, {1, 1});
+    Map map(QStringLiteral("level"));
+    QTest::ignoreMessage(QtWarningMsg, "_tileMap==nullptr");
+    map.setTileSet(&tiles);
+    map.addAnimation({animation->id(), {0, 0, 1, 1}, 0, 0, 0});
+    map.setSprites({spriteAt(3, 4)});
+    const Map::State before = map.state();
+    QSignalSpy restored(&map, &Map::restored);
+
+    tiles.insertTile(0);
+    map.restoreAnimations({&list});
+    map.restore(before);
+
+    QCOMPARE(map.state(), before);
+    QCOMPARE(placedRects(map), (QList<QRect>{{0, 0, 1, 1}}));
+    QCOMPARE(positions(map), (QList<QPoint>{{3, 4}}));
+    QCOMPARE(restored.count(), 1);
 }
 
 void tst_Map::exportsTwoBytesACell()

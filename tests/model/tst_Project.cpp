@@ -8,8 +8,11 @@
 #include "model/Tile.h"
 #include "model/TileSet.h"
 
+#include <QEvent>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <functional>
 
 class tst_Project : public QObject
 {
@@ -33,6 +36,7 @@ private slots:
     void createTileSetHasItsDefaults();
     void createBlockListBindsAndAnnounces();
     void createMapMakesBothLayers();
+    void aNewMapTellsItsSizeBeforeItIsAnnounced();
     void createMapNeedsATileSetAndAPossibleSize();
     void createSpriteBankBindsAKnownPalette();
     void createImageBindsAKnownPalette();
@@ -53,6 +57,7 @@ private slots:
     void blocksCannotBeDeletedWhileAMapUsesTheirTileSet();
     void mapsAndBanksAreAlwaysDeleted();
     void unknownIdsCountAsDeleted();
+    void unknownIdsCountAsDeletedEvenIfTheyAreNamed();
 
     void movedSpritesArePlacedOn_data();
     void movedSpritesArePlacedOn();
@@ -74,6 +79,26 @@ private:
 namespace {
 
 using Strings = QStringList;
+
+/// Calls a function whenever what it filters gets a child.
+class ChildListener : public QObject
+{
+public:
+    explicit ChildListener(std::function<void()> heard)
+        : m_heard(std::move(heard))
+    {
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::ChildAdded)
+            m_heard();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::function<void()> m_heard;
+};
 
 /// The messages of showMessage() with their durations.
 QStringList messages(const QSignalSpy &spy)
@@ -329,6 +354,24 @@ void tst_Project::createMapMakesBothLayers()
     QCOMPARE(shown.count(), 0);
 }
 
+void tst_Project::aNewMapTellsItsSizeBeforeItIsAnnounced()
+{
+    const auto tiles = m_project->createTileSet("tiles", QUuid(), 4);
+    QStringList sent;
+    const Map *map = nullptr;
+    // By the time that its layers are made the map is there, too.
+    ChildListener listener([&] {
+        if (map == nullptr && (map = m_project->findChild<Map *>()) != nullptr)
+            connect(map, &Map::resized, this, [&] { sent += "resized"; });
+    });
+    m_project->installEventFilter(&listener);
+    connect(m_project.get(), &Project::mapCreated, this, [&] { sent += "created"; });
+
+    m_project->createMap("level", tiles->id(), {3, 2});
+
+    QCOMPARE(sent, (Strings{"resized", "created"}));
+}
+
 void tst_Project::createMapNeedsATileSetAndAPossibleSize()
 {
     const auto tiles = m_project->createTileSet("tiles", QUuid(), 4);
@@ -580,6 +623,24 @@ void tst_Project::unknownIdsCountAsDeleted()
     QVERIFY(m_project->deleteSpriteBank(id));
 }
 
+void tst_Project::unknownIdsCountAsDeletedEvenIfTheyAreNamed()
+{
+    const QUuid id = QUuid::createUuid();
+    m_project->setScratchPaletteId(id);
+    const auto tiles = m_project->createTileSet("tiles", QUuid(), 4);
+    const auto blocks = m_project->createBlockList("blocks", tiles->id());
+    const QUuid gone = blocks->id();
+    QVERIFY(m_project->deleteBlocks(gone));
+    const auto map = m_project->createMap("level", tiles->id(), {1, 1});
+    TileSet stranger;
+    map->setTileSet(&stranger);
+
+    QVERIFY(m_project->deletePalette(id));
+    QVERIFY(m_project->deleteTileSet(stranger.id()));
+    map->setTileSet(tiles);
+    QVERIFY(m_project->deleteBlocks(gone));
+}
+
 void tst_Project::movedSpritesArePlacedOn_data()
 {
     QTest::addColumn<int>("from");
@@ -638,6 +699,8 @@ void tst_Project::aLaterDocumentReplacesOneWithItsId()
 void tst_Project::deletingTheProjectDeletesItsDocuments()
 {
     QStringList order;
+    const auto image = m_project->createImage(Tessaril::ImageMode::LoRes_128x96, "first", QUuid());
+    connect(image, &QObject::destroyed, this, [&] { order += "image"; });
     const QPointer<Map> map = mapWithSprites({0});
     connect(map, &QObject::destroyed, this, [&] { order += "map"; });
     connect(map->tileSet(), &QObject::destroyed, this, [&] { order += "tile set"; });
@@ -645,7 +708,7 @@ void tst_Project::deletingTheProjectDeletesItsDocuments()
 
     m_project.reset();
 
-    QCOMPARE(order, (Strings{"map", "tile set", "palette"}));
+    QCOMPARE(order, (Strings{"map", "tile set", "palette", "image"}));
 }
 
 QTEST_GUILESS_MAIN(tst_Project)

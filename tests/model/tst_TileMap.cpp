@@ -42,7 +42,10 @@ private slots:
     void fillIsCutToTheMap();
     void fillOfAnEmptySetHasOffsetZero();
     void insidePartSurvivesExtremeRectangles();
+    void writtenCellsAreLoggedOneByOne();
+    void otherChangesAreLoggedAsAll();
     void rowsAndColumnsComeAndGoAtBothEnds();
+    void rowsAndColumnsStayWithinTheAllowedSizes();
     void resizeMovesColumns_data();
     void resizeMovesColumns();
     void resizeMovesRows_data();
@@ -195,6 +198,46 @@ void tst_TileMap::rowsAndColumnsComeAndGoAtBothEnds()
     map->removeColumn(Position::End);
     QCOMPARE(indices(*map), (Indices{{0, 1}}));
     QCOMPARE(map->size(), QSize(2, 1));
+}
+
+void tst_TileMap::rowsAndColumnsStayWithinTheAllowedSizes()
+{
+    TileMap tall({0, TileMap::MaxEmptySide});
+    TileMap wide({TileMap::MaxEmptySide, 0});
+    TileMap empty({0, 0});
+
+    tall.addRow(Tessaril::Position::End);
+    wide.addColumn(Tessaril::Position::Begin);
+    empty.removeRow(Tessaril::Position::Begin);
+    empty.removeColumn(Tessaril::Position::End);
+
+    QCOMPARE(tall.size(), QSize(0, TileMap::MaxEmptySide));
+    QCOMPARE(wide.size(), QSize(TileMap::MaxEmptySide, 0));
+    QCOMPARE(empty.size(), QSize(0, 0));
+}
+
+void tst_TileMap::writtenCellsAreLoggedOneByOne()
+{
+    const auto map = countedMap(3, 2);
+    const quint64 before = map->revision();
+
+    map->setCell({2, 1}, cell(9));
+    map->setCell({2, 1}, cell(9));
+    map->fill({1, 0, 1, 1}, true);
+    map->fill({1, 0, 1, 1}, true);
+
+    QCOMPARE(map->cellsWrittenSince(before), (QList<QPoint>{{2, 1}, {1, 0}}));
+}
+
+void tst_TileMap::otherChangesAreLoggedAsAll()
+{
+    const auto map = countedMap(3, 2);
+    const quint64 before = map->revision();
+
+    map->adjustIndices(2, 1);
+
+    QVERIFY(map->revision() != before);
+    QVERIFY(!map->cellsWrittenSince(before).has_value());
 }
 
 void tst_TileMap::resizeMovesColumns_data()

@@ -101,6 +101,7 @@ private slots:
     void anotherTileSetIsDrawnAnew();
     void aNewPaletteOfTheSetGivesItsColours();
     void fillingUnderAnotherPaletteIsDrawn();
+    void aCellWrittenUnderAnotherPaletteIsDrawn();
     void coloursEditedUnderAnotherPaletteAreShown();
     void coloursAreThePalettes();
     void aTransparentIndexWorksOnAllBanks();
@@ -343,6 +344,21 @@ void tst_TileMapPicture::fillingUnderAnotherPaletteIsDrawn()
     tiles.set->setPalette(tiles.palette.get());
 
     QCOMPARE(pixelOf(map, {0, 0}), 0);
+}
+
+void tst_TileMapPicture::aCellWrittenUnderAnotherPaletteIsDrawn()
+{
+    TestMaps::PlainTiles tiles(2);
+    TileMap map({1, 1});
+    map.setTileSet(tiles.set.get());
+    QCOMPARE(pixelOf(map, {0, 0}), 0);
+    Palette other;
+    tiles.set->setPalette(&other);
+
+    map.setCell({0, 0}, cell(1));
+    tiles.set->setPalette(tiles.palette.get());
+
+    QCOMPARE(pixelOf(map, {0, 0}), 1);
 }
 
 void tst_TileMapPicture::coloursEditedUnderAnotherPaletteAreShown()
