@@ -1,5 +1,7 @@
 #include "colour/ChannelSlider.h"
 
+#include "support/PaintCounter.h"
+
 #include <QTest>
 
 class tst_ChannelSlider : public QObject
@@ -10,6 +12,7 @@ private slots:
     void init();
     void theGrooveRunsFromEndToEnd();
     void theGrooveHasAnOutlineOfOnePixel();
+    void otherEndsAreRepainted();
     void theHandleHasItsOwnColour();
     void theHandleFollowsTheValue();
     void aDisabledSliderIsPaler();
@@ -78,6 +81,20 @@ void tst_ChannelSlider::theGrooveHasAnOutlineOfOnePixel()
 
     QCOMPARE(image.pixelColor(0, Middle), QColor(Qt::blue));
     QVERIFY(image.pixelColor(1, Middle).red() > 190);
+}
+
+void tst_ChannelSlider::otherEndsAreRepainted()
+{
+    m_slider->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_slider.get()));
+    const PaintCounter paints(*m_slider);
+
+    m_slider->setEnds(QColor(200, 0, 40), QColor(200, 255, 40));
+    QCoreApplication::processEvents();
+    QCOMPARE(paints.count(), 0);
+
+    m_slider->setEnds(QColor(200, 0, 40), Qt::red);
+    QTRY_COMPARE(paints.count(), 1);
 }
 
 void tst_ChannelSlider::theHandleHasItsOwnColour()

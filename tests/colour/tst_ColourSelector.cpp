@@ -2,6 +2,7 @@
 
 #include "colour/ColourEditorPopover.h"
 #include "model/Palette.h"
+#include "support/PaintCounter.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -24,6 +25,7 @@ private slots:
     void aDoubleClickIsToldAndOpensTheEditor();
     void marksAreReadableAndTheForegroundWins();
     void aChangedColourIsRepainted();
+    void whatIsToldFromOutsideIsRepainted();
 
 private:
     QImage shot() { return m_selector->grab().toImage(); }
@@ -209,6 +211,22 @@ void tst_ColourSelector::aChangedColourIsRepainted()
     m_palette->setWord(9, 0);
     m_selector->paletteChanged(9, 9, Qt::black);
     QCOMPARE(shot().pixelColor(26, 26), QColor(Qt::black));
+}
+
+void tst_ColourSelector::whatIsToldFromOutsideIsRepainted()
+{
+    m_selector->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_selector.get()));
+    const PaintCounter paints(*m_selector);
+
+    m_selector->paletteChanged(9, 9, Qt::black);
+    QTRY_COMPARE(paints.count(), 1);
+    m_selector->setForeIndex(5);
+    QTRY_COMPARE(paints.count(), 2);
+    m_selector->setBackIndex(6);
+    QTRY_COMPARE(paints.count(), 3);
+    m_selector->setOffset(2);
+    QTRY_COMPARE(paints.count(), 4);
 }
 
 QTEST_MAIN(tst_ColourSelector)

@@ -26,6 +26,8 @@ private slots:
     void aSelectionIsShownInTheColourEditor();
     void darkenAndLightenMoveTheSliders();
     void aConfirmedColourGoesToTheRun();
+    void aColourThatThePaletteRoundsIsShownRounded();
+    void theWindowTellsAfterThePalette();
     void aGradientBlendsTheRun();
     void aGradientOfNeighboursDoesNothing();
     void anotherPaletteStartsWithoutASelection();
@@ -181,6 +183,36 @@ void tst_PaletteWindow::aConfirmedColourGoesToTheRun()
         QCOMPARE(m_palette->word(index), quint16(0xF400));
     QCOMPARE(m_palette->word(23), quint16(0x1701));
     QVERIFY(!colours()->isChanged());
+}
+
+void tst_PaletteWindow::aColourThatThePaletteRoundsIsShownRounded()
+{
+    drag(255, 255);
+
+    colours()->findChildren<ChannelSlider *>().at(0)->setValue(6);
+    QVERIFY(colours()->isChanged());
+
+    m_window->colourChanged(QColor(254, 254, 254), false);
+
+    QCOMPARE(m_palette->word(255), quint16(0xFF01));
+    QCOMPARE(colours()->colour(), QColor(Qt::white));
+    QVERIFY(!colours()->isChanged());
+}
+
+void tst_PaletteWindow::theWindowTellsAfterThePalette()
+{
+    QStringList told;
+    connect(m_palette.get(), &Palette::colourEdited, this,
+            [&told](int index) { told += QString::number(index); });
+    connect(m_window.get(), &PaletteWindow::paletteChanged, this, [&told] { told += "window"; });
+    m_window->selectionChanged(20, 22);
+
+    m_window->colourChanged(Qt::red, false);
+    m_palette->setColour(22, Qt::black, false);
+    told += "gradient";
+    m_window->createGradient();
+
+    QCOMPARE(told, (QStringList{"20", "21", "22", "window", "22", "gradient", "21", "window"}));
 }
 
 void tst_PaletteWindow::aGradientBlendsTheRun()

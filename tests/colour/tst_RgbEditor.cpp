@@ -23,6 +23,7 @@ private slots:
     void settingLevelsTellsOnce();
     void aSliderIsMovedByTheKeyboard();
     void groovesPreviewTheOtherChannels();
+    void groovesShowTheirChannelsFromTheStart();
     void groovesFollowEachMove();
     void handlesHaveTheColoursOfTheirChannels();
 
@@ -150,6 +151,17 @@ void tst_RgbEditor::groovesPreviewTheOtherChannels()
 
     QVERIFY(end.red() > 240);
     QVERIFY(end.green() == 255 && end.blue() == 255);
+}
+
+void tst_RgbEditor::groovesShowTheirChannelsFromTheStart()
+{
+    const QImage green = sliders().at(1)->grab().toImage();
+
+    const QColor end = green.pixelColor(green.width() - 4, green.height() / 2);
+
+    QVERIFY(end.green() > 240);
+    QCOMPARE(end.red(), 0);
+    QCOMPARE(end.blue(), 0);
 }
 
 void tst_RgbEditor::groovesFollowEachMove()

@@ -24,6 +24,7 @@ private slots:
     void theFocusIsSeen();
     void onlyTheChangedSwatchIsRepainted();
     void whatIsSetIsRepainted();
+    void theOldPaletteIsNotHeardAnyMore();
 };
 
 void tst_SwatchStrip::arrowsMoveTheFirstPickAndShiftTheSecond_data()
@@ -189,6 +190,23 @@ void tst_SwatchStrip::whatIsSetIsRepainted()
     QTRY_COMPARE(paints.count(), 4);
     palette.reset();
     QTRY_COMPARE(paints.count(), 5);
+}
+
+void tst_SwatchStrip::theOldPaletteIsNotHeardAnyMore()
+{
+    Palette first;
+    Palette second;
+    ColourPalette strip;
+    strip.setPalette(QPointer<Palette>(&first));
+    strip.setPalette(QPointer<Palette>(&second));
+    strip.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&strip));
+    const PaintCounter paints(strip);
+
+    first.setColour(3, Qt::red, false);
+    QCoreApplication::processEvents();
+
+    QCOMPARE(paints.count(), 0);
 }
 
 QTEST_MAIN(tst_SwatchStrip)

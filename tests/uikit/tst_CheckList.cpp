@@ -1,5 +1,7 @@
 #include "uikit/CheckList.h"
 
+#include "support/PaintCounter.h"
+
 #include <QAbstractItemView>
 #include <QSignalSpy>
 #include <QTest>
@@ -23,6 +25,7 @@ private slots:
     void blockedSignalsStillChangeTheSummary();
     void theSummaryTellsTheCheckedRows();
     void theSummaryIsPaintedInTheClosedBox();
+    void aNewSummaryIsRepainted();
     void theWheelChangesNothing();
     void rowsOutOfRangeAreUnchecked();
 
@@ -178,6 +181,17 @@ void tst_CheckList::theSummaryIsPaintedInTheClosedBox()
 
     QVERIFY(one != none);
     QCOMPARE(m_list->grab().toImage(), none);
+}
+
+void tst_CheckList::aNewSummaryIsRepainted()
+{
+    m_list->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_list));
+    const PaintCounter paints(*m_list);
+
+    m_list->setCheckState(2, Qt::Checked); // not the current row, which the box repaints by itself
+
+    QTRY_COMPARE(paints.count(), 1);
 }
 
 void tst_CheckList::theWheelChangesNothing()

@@ -1,5 +1,7 @@
 #include "uikit/Popover.h"
 
+#include "support/PaintCounter.h"
+
 #include <QScreen>
 #include <QTest>
 
@@ -18,6 +20,7 @@ private slots:
     void theOtherSidesHaveNoPointer();
     void theCornersAreRound();
     void thePointerIsAsWideAsToldAlongItsSide();
+    void anotherSideIsRepainted();
     void followsThePalette();
     void placesItsTipAtTheAnchor_data();
     void placesItsTipAtTheAnchor();
@@ -149,6 +152,19 @@ void tst_Popover::thePointerIsAsWideAsToldAlongItsSide()
     QVERIFY(shape.contains(QPointF(9.9, Middle - half + 1)));
     QVERIFY(!shape.contains(QPointF(9.9, Middle - half - 1)));
     QCOMPARE(shape.boundingRect(), QRectF(0.5, 0.5, Width - 1, Height - 1));
+}
+
+void tst_Popover::anotherSideIsRepainted()
+{
+    m_popover.setSide(DialogPosition::Above);
+    m_popover.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&m_popover));
+    const PaintCounter paints(m_popover);
+
+    m_popover.setSide(DialogPosition::LeftOf);
+
+    QTRY_COMPARE(paints.count(), 1);
+    m_popover.hide();
 }
 
 void tst_Popover::followsThePalette()
