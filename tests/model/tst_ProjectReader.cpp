@@ -46,6 +46,7 @@ private slots:
     void frameIdsAreKeptForBlocksOnly();
     void aNewSpriteAnimationLosesItsFirstFrame();
     void aBlockThatIsNowhereLeavesABlankPatch();
+    void theScratchPaletteIsTheOneThatIsNamed();
     void theScratchPaletteFallsBackToTheFirst();
     void aMissingScratchPictureIsNoError();
     void theScratchPictureMayBeGreyButNotColoured();
@@ -431,6 +432,16 @@ void tst_ProjectReader::aBlockThatIsNowhereLeavesABlankPatch()
     QVERIFY(map->tileLayer()->cell({1, 0}).occupied);
     QCOMPARE(map->tileLayer()->cell({1, 1}).index, 3);
     QCOMPARE(map->objectLayer()->cell({1, 0}), TileMap::TileData());
+}
+
+void tst_ProjectReader::theScratchPaletteIsTheOneThatIsNamed()
+{
+    const QJsonArray palettes{QJsonObject{{"id", Id}}, QJsonObject{{"id", OtherId}}};
+    for (const QString &named : {Id, OtherId}) {
+        init();
+        QVERIFY(load(QJsonObject{{"scratchPalette", named}, {"palettes", palettes}}));
+        QCOMPARE(m_project->scratchPaletteId(), QUuid(named));
+    }
 }
 
 void tst_ProjectReader::theScratchPaletteFallsBackToTheFirst()
