@@ -38,6 +38,7 @@ private slots:
     void insertingShiftsTheTilesBehind();
     void deletingTakesTheTileAway();
     void copyingTakesPictureAndOffset();
+    void listenersFindTheChangeDone();
     void copyingNothingSendsNothing_data();
     void copyingNothingSendsNothing();
     void movingShiftsTheTilesBetween_data();
@@ -253,6 +254,32 @@ void tst_TileSet::copyingTakesPictureAndOffset()
     QCOMPARE(set.tile(5)->attributes(), int(Tile::TA_DOOR));
     QCOMPARE(set.tile(5)->value(), 8);
     QCOMPARE(log.sent, QStringList({"about", "changed 5", "structure Copy Tile"}));
+}
+
+void tst_TileSet::listenersFindTheChangeDone()
+{
+    TileSet set(nullptr, 3);
+    for (int i = 0; i < set.count(); ++i) {
+        set.tile(i)->setOffset(i);
+        set.tile(i)->setImage(TestImages::indexed(QStringList(8, QString(8, QChar('1' + i)))));
+    }
+    QStringList seen;
+    const auto look = [&] {
+        QString text;
+        for (const Tile *tile : set.tiles())
+            text += QString::number(tile->image().pixelIndex(0, 0) * 10 + tile->offset()) + u' ';
+        seen += text.trimmed();
+    };
+    connect(&set, &TileSet::tileChanged, this, look);
+    connect(&set, &TileSet::tileSwapped, this, look);
+    connect(&set, &TileSet::tileDeleted, this, look);
+
+    set.moveTile(0, 2);
+    set.copyTile(0, 1);
+    set.clearImage(2);
+    set.deleteTile(0);
+
+    QCOMPARE(seen, (QStringList{"21 10 32", "21 32 10", "32 32 10", "32 32 0", "32 0"}));
 }
 
 void tst_TileSet::copyingNothingSendsNothing_data()
