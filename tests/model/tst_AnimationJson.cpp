@@ -31,13 +31,15 @@ namespace {
 const QString Id = QStringLiteral("{11111111-2222-4333-8444-555555555555}");
 const QString OtherId = QStringLiteral("{99999999-2222-4333-8444-555555555555}");
 
-const QJsonObject TwoFrames{{"id", OtherId},
-                            {"name", "Door"},
-                            {"width", 2},
-                            {"height", 1},
-                            {"delay", 3},
-                            {"type", 1},
-                            {"frames", QJsonArray{QJsonObject(), QJsonObject()}}};
+const QJsonArray Cells{QJsonObject{{"index", 7}}};
+const QJsonObject TwoFrames{
+    {"id", OtherId},
+    {"name", "Door"},
+    {"width", 2},
+    {"height", 1},
+    {"delay", 3},
+    {"type", 1},
+    {"frames", QJsonArray{QJsonObject{{"tileData", Cells}, {"anim", Cells}}, QJsonObject()}}};
 
 /// What the one animation of a document sends while its project is loaded.
 class LoadLog : public QObject
@@ -78,8 +80,10 @@ private:
         connect(animation, &Animation::sizeChanged, this, [note] { note("size"); });
         connect(animation, &Animation::delayChanged, this, [note] { note("delay"); });
         connect(animation, &Animation::contentChanged, this, [note] { note("content"); });
-        connect(animation, &Animation::frameChanged, this,
-                [this](int index) { sent += QStringLiteral("frame %1").arg(index); });
+        connect(animation, &Animation::frameChanged, this, [this, animation](int index) {
+            const int shown = animation->frame(index)->cell({0, 0}).index;
+            sent += QStringLiteral("frame %1 shows %2").arg(index).arg(shown);
+        });
     }
 };
 
@@ -104,8 +108,8 @@ void tst_AnimationJson::aBlockIsToldOnceItIsEntered()
         {{"mapObjects",
           QJsonArray{QJsonObject{{"id", Id}, {"animations", QJsonArray{TwoFrames}}}}}})));
 
-    QCOMPARE(log.sent, (QStringList{"entered", "size", "delay", "content", "content", "frame 0",
-                                    "content", "frame 1"}));
+    QCOMPARE(log.sent, (QStringList{"entered", "size", "delay", "content", "content",
+                                    "frame 0 shows 7", "content", "frame 1 shows 0"}));
 }
 
 void tst_AnimationJson::aSpriteAnimationIsToldOnceItIsEntered()
@@ -117,8 +121,8 @@ void tst_AnimationJson::aSpriteAnimationIsToldOnceItIsEntered()
 
     QVERIFY(load(entries));
 
-    QCOMPARE(log.sent, (QStringList{"entered", "name", "delay", "size", "content", "frame 0",
-                                    "content", "frame 1"}));
+    QCOMPARE(log.sent, (QStringList{"entered", "name", "delay", "size", "content",
+                                    "frame 0 shows 7", "content", "frame 1 shows 0"}));
 }
 
 QTEST_GUILESS_MAIN(tst_AnimationJson)
