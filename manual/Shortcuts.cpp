@@ -79,9 +79,17 @@ QString Shortcuts::page(const MainWindow &window)
     QString menus;
     for (const QAction *action : views.menuBar->actions())
         menus += menuRows(*action->menu(), action->text());
+    QString panes;
+    for (const QAction *action : window.actions()) {
+        if (!action->shortcuts().isEmpty())
+            panes += row(action->text(), *action);
+    }
     return QStringLiteral("# Keys\n\nThe keys of the menus work everywhere. Those of a tab or a "
-                          "dock work while it has the focus: click into it first.\n") +
-           section(QStringLiteral("Menus"), menus) +
+                          "dock work while it has the focus: click into it first, or go there "
+                          "with `F6`.\n\nOn a canvas the arrow keys move a pointer from pixel to "
+                          "pixel, on a map the arrow keys with `Shift` from cell to cell. `Space` "
+                          "is the left mouse button there: hold it and move to draw.\n") +
+           section(QStringLiteral("Menus"), menus) + section(QStringLiteral("Window"), panes) +
            tabSection<MapEditor::View>(window, QStringLiteral("Map tab")) +
            tabSection<ImageEditor::View>(window, QStringLiteral("Image tab")) +
            tabSection<SpriteEditor::View>(window, QStringLiteral("Sprite animation tab")) +

@@ -1,6 +1,7 @@
 #include "app/MainWindow.h"
 
 #include "app/Identity.h"
+#include "app/PaneKeys.h"
 #include "dialogs/GeneralPage.h"
 #include "editors/TilePickerGrid.h"
 #include "model/Palette.h"
@@ -114,6 +115,7 @@ void MainWindow::setUpFrame()
     resize(1024, 768);
     setWindowIcon(QIcon(QStringLiteral(":Application")));
     setCentralWidget(&m_tabs);
+    new PaneKeys(this);
 }
 
 void MainWindow::makeFileToolBar()

@@ -13,6 +13,7 @@
 #include "canvas/SelectCanvasTool.h"
 #include "model/Palette.h"
 #include "model/PictureEquality.h"
+#include "uikit/PointerKeys.h"
 
 #include <QMetaEnum>
 #include <QStyle>
@@ -31,6 +32,7 @@ Canvas::Canvas(QWidget *parent)
     setMouseTracking(true); // the paste frame follows the mouse without a button
     setAccessibleName(tr("Canvas"));
     makeTools();
+    makeKeys();
     makeContextMenu();
     connect(m_clipboard, &CanvasClipboard::pasted, this, &Canvas::setPasteMode);
     connect(m_clipboard, &CanvasClipboard::copied, this, [this](bool isCut) {
@@ -58,6 +60,18 @@ void Canvas::makeTools()
     add(Tool::Pick, std::make_shared<PickCanvasTool>(this));
     add(Tool::Select, std::make_shared<SelectCanvasTool>(this));
     add(Tool::Paste, std::make_shared<PasteCanvasTool>(this));
+}
+
+void Canvas::makeKeys()
+{
+    m_keys = new PointerKeys(this, this,
+                             {.cells = [this] { return image().rect(); },
+                              .current = [this] { return m_lastPixel; },
+                              .reveal = [this](QPoint pixel) { reveal(pixel); },
+                              .rectOf =
+                                  [this](QPoint pixel) {
+                                      return cellRect({pixel, pixel});
+                                  }});
 }
 
 void Canvas::makeContextMenu()

@@ -4,6 +4,7 @@
 #include "canvas/ViewPicture.h"
 #include "history/PixelEditCommand.h"
 #include "model/Enums.h"
+#include "uikit/Spoken.h"
 
 #include <QColor>
 #include <QHash>
@@ -21,13 +22,15 @@
 class CanvasClipboard;
 class CanvasTool;
 class Palette;
+class PointerKeys;
 
 /// The widget on which all pixels are painted: an indexed image blown up by a whole number, with a
 /// current tool, a selection and two overlays.
 ///
 /// Image pixels are counted from the image's top left. The canvas knows nothing of documents or
-/// undo: edited() hands a finished change to the owner. Tools reach its state as friends.
-class Canvas : public QWidget
+/// undo: edited() hands a finished change to the owner. Tools reach its state as friends. Arrow
+/// keys move over the pixels, and Space is the left button there.
+class Canvas : public QWidget, public Spoken
 {
     Q_OBJECT
 
@@ -79,6 +82,8 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    /// The image pixel under the pointer.
+    QString spokenValue() const override;
 
 signals:
     /// The greatest scroll position, in image pixels.
@@ -133,11 +138,13 @@ private:
     friend class PasteCanvasTool;
 
     void makeTools();
+    void makeKeys();
     void makeContextMenu();
     bool setDrawingMode(Tessaril::Ui::ToolButton action);
     bool changeWholeImage(Tessaril::Ui::ToolButton action);
     void layoutImage();
     void scrollTo(QPoint position);
+    void reveal(QPoint pixel);
     void changeZoom(int step);
     void select(const QRect &pixels);
     void placeRubberBand();
@@ -152,6 +159,7 @@ private:
 
     QImage previewImage();
     const QImage &viewPicture();
+    void paintPointer(QPainter *painter) const;
 
     QPointer<Palette> m_palette;
     Layer2Image m_surface;
@@ -175,6 +183,7 @@ private:
     QRubberBand m_rubberBand;
     QRect m_selection; // image pixels below the rubber band
     QPointer<CanvasClipboard> m_clipboard;
+    PointerKeys *m_keys = nullptr;
     QPoint m_shapeStart{-1, -1};
     QPoint m_shapeEnd{-1, -1};
     QImage m_beforeImage;

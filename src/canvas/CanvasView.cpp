@@ -3,11 +3,13 @@
 #include "canvas/Canvas.h"
 #include "canvas/CanvasTool.h"
 #include "model/Palette.h"
+#include "uikit/PointerKeys.h"
 
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QWheelEvent>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -18,6 +20,13 @@ const QColor GridLineColour = QColor::fromRgba64(0xFFFF, 0xFFFF, 0xFFFF, 0x3030)
 int stepOf(int delta, int step)
 {
     return delta > 0 ? step : delta < 0 ? -step : 0;
+}
+
+/// The widget pixel that a position is in; rounded it would be the next one's where the screen has
+/// several points for a pixel.
+QPoint wholePixel(QPointF position)
+{
+    return {qFloor(position.x()), qFloor(position.y())};
 }
 
 } // namespace
@@ -84,6 +93,15 @@ void Canvas::scrollTo(QPoint position)
     emit scrollPositionChanged(target);
 }
 
+void Canvas::reveal(QPoint pixel)
+{
+    const auto nearest = [](int position, int size, int wanted) {
+        return std::clamp(position, wanted - size + 1, wanted);
+    };
+    scrollTo({nearest(m_scrollOrigin.left(), m_scrollOrigin.width(), pixel.x()),
+              nearest(m_scrollOrigin.top(), m_scrollOrigin.height(), pixel.y())});
+}
+
 void Canvas::setHorizontalPosition(int pos)
 {
     scrollTo({pos, m_scrollOrigin.top()});
@@ -114,7 +132,7 @@ void Canvas::resizeEvent(QResizeEvent *)
 void Canvas::mousePressEvent(QMouseEvent *event)
 {
     m_buttons = event->buttons();
-    m_lastPixel = pixelAt(event->position().toPoint());
+    m_lastPixel = pixelAt(wholePixel(event->position()));
     m_shapeStart = m_lastPixel;
     m_shapeEnd = m_lastPixel;
     if (!image().isNull())
@@ -123,7 +141,7 @@ void Canvas::mousePressEvent(QMouseEvent *event)
 
 void Canvas::mouseMoveEvent(QMouseEvent *event)
 {
-    const QPoint pixel = pixelAt(event->position().toPoint());
+    const QPoint pixel = pixelAt(wholePixel(event->position()));
     if (pixel == m_lastPixel)
         return;
     m_lastPixel = pixel;
@@ -133,14 +151,16 @@ void Canvas::mouseMoveEvent(QMouseEvent *event)
         return;
     m_tool->mouseMoved(event);
     update();
+    tellChange(this);
 }
 
 void Canvas::mouseReleaseEvent(QMouseEvent *event)
 {
-    m_lastPixel = pixelAt(event->position().toPoint());
+    m_lastPixel = pixelAt(wholePixel(event->position()));
     if (!image().isNull())
         m_tool->mouseReleased(event);
     m_buttons = Qt::NoButton;
+    tellChange(this);
 }
 
 void Canvas::wheelEvent(QWheelEvent *event)
@@ -169,6 +189,29 @@ void Canvas::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), QWidget::palette().window());
     painter.drawImage(m_viewRect.topLeft(), viewPicture());
     m_tool->paintOver(painter);
+    if (m_keys->isInUse() && hasFocus())
+        paintPointer(&painter);
+}
+
+/// A frame that shows on every colour around the pixel that the keys have reached.
+void Canvas::paintPointer(QPainter *painter) const
+{
+    const QRect frame = cellRect({m_lastPixel, m_lastPixel}).adjusted(-1, -1, 0, 0);
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(Qt::black);
+    painter->drawRect(frame);
+    painter->setPen(QPen(Qt::white, 1, Qt::DotLine));
+    painter->drawRect(frame);
+}
+
+QString Canvas::spokenValue() const
+{
+    if (!image().rect().contains(m_lastPixel))
+        return {};
+    return tr("pixel %1, %2, colour %3")
+        .arg(m_lastPixel.x())
+        .arg(m_lastPixel.y())
+        .arg(image().pixelIndex(m_lastPixel));
 }
 
 /// The image with what the tool is about to draw.

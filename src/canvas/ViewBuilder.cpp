@@ -39,6 +39,7 @@ void ViewBuilder::layOut()
     column->addStretch();
 
     auto *const scroller = new QScrollArea(m_view);
+    scroller->setAccessibleName(View::tr("Tools and colours"));
     scroller->setWidget(side);
     scroller->setWidgetResizable(true);
     scroller->setFrameShape(QFrame::NoFrame);

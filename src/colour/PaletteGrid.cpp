@@ -73,6 +73,16 @@ void PaletteGrid::takeRun()
     m_first = first;
     m_last = last;
     update();
+    tellChange(this);
+}
+
+QString PaletteGrid::spokenValue() const
+{
+    if (!m_palette || m_first < 0)
+        return {};
+    const QString colour = SwatchPainting::spoken(*m_palette, indexAt(m_end));
+    return m_first == m_last ? colour
+                             : tr("%1, %2 to %3 selected").arg(colour).arg(m_first).arg(m_last);
 }
 
 bool PaletteGrid::event(QEvent *event)

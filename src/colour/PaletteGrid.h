@@ -1,5 +1,7 @@
 #pragma once
 
+#include "uikit/Spoken.h"
+
 #include <QPointer>
 #include <QWidget>
 
@@ -9,7 +11,7 @@ class Palette;
 ///
 /// The run goes by index, in the palette's order, not by rectangle. Arrow keys move it, with Shift
 /// they stretch it. A disabled grid shows no selection.
-class PaletteGrid : public QWidget
+class PaletteGrid : public QWidget, public Spoken
 {
     Q_OBJECT
 
@@ -27,6 +29,9 @@ public:
     int last() const { return m_last; }
     /// Shows a run without emitting anything; @p first -1 for none.
     void setSelection(int first, int last);
+
+    /// The colour that the keys have reached, and the run if it is longer.
+    QString spokenValue() const override;
 
 public slots:
     /// Repaints one cell.

@@ -64,3 +64,8 @@ QString SwatchPainting::toolTip(const Palette &palette, int index)
         text += QLatin1Char('\n') + translated("Transparent");
     return text;
 }
+
+QString SwatchPainting::spoken(const Palette &palette, int index)
+{
+    return toolTip(palette, index).replace(QLatin1Char('\n'), QStringLiteral(", "));
+}

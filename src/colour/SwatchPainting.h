@@ -21,5 +21,7 @@ void paintFocus(QPainter *painter, const QRect &rect, const QColor &highlight);
 
 /// The entry's index, levels and flags.
 QString toolTip(const Palette &palette, int index);
+/// The same on one line, for a screen reader.
+QString spoken(const Palette &palette, int index);
 
 } // namespace SwatchPainting

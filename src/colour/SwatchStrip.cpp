@@ -58,6 +58,13 @@ void SwatchStrip::setFirst(int index)
 {
     m_first = index;
     update();
+    tellChange(this);
+}
+
+QString SwatchStrip::spokenValue() const
+{
+    const bool isEntry = m_palette && m_first >= 0 && m_first < Palette::Size;
+    return isEntry ? SwatchPainting::spoken(*m_palette, m_first) : QString();
 }
 
 void SwatchStrip::setSecond(int index)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "colour/SwatchGrid.h"
+#include "uikit/Spoken.h"
 
 #include <QColor>
 #include <QPointer>
@@ -14,7 +15,7 @@ class Palette;
 /// Indices are those of the palette. The left button picks first, the right one second; a double
 /// click opens a colour editor beside the cell. Arrow keys move the first pick, with Shift the
 /// second; Return opens the editor.
-class SwatchStrip : public QWidget
+class SwatchStrip : public QWidget, public Spoken
 {
     Q_OBJECT
 
@@ -26,6 +27,9 @@ public:
 
     int offset() const { return m_offset; }
     const SwatchGrid &grid() const { return m_grid; }
+
+    /// The first pick.
+    QString spokenValue() const override;
 
 public slots:
     /// Null shows an empty field.

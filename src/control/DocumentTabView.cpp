@@ -142,6 +142,10 @@ void DocumentTabView::setScratchEditorVisible(bool visible)
 void DocumentTabView::tabInserted(int index)
 {
     QTabWidget::tabInserted(index);
+    for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide}) {
+        if (QWidget *const button = tabBar()->tabButton(index, side))
+            button->setAccessibleName(tr("Close Tab"));
+    }
     noteScratchEditor();
 }
 

@@ -61,6 +61,7 @@ public slots:
     void setScratchEditorVisible(bool visible);
 
 protected:
+    /// Names the button that closes the tab.
     void tabInserted(int index) override;
     void tabRemoved(int index) override;
 

@@ -53,12 +53,12 @@ void About::addCentred(QVBoxLayout *layout, QLabel *label)
 
 QLabel *About::makeLinks()
 {
-    auto *links = new QLabel(
+    m_links = new QLabel(
         QStringLiteral("<a href=\"%1\">%2</a>")
             .arg(QStringLiteral(TESSARIL_WEB_ADDRESS "/changelog"), tr("View Changelog")));
-    links->setTextFormat(Qt::RichText);
-    links->setOpenExternalLinks(true);
-    return links;
+    m_links->setTextFormat(Qt::RichText);
+    m_links->setOpenExternalLinks(true);
+    return m_links;
 }
 
 QWidget *About::makeButtons()
@@ -96,7 +96,12 @@ void About::showLicence()
 
 void About::showEvent(QShowEvent *event)
 {
-    if (!event->spontaneous())
+    if (!event->spontaneous()) {
+        // A link takes its colour when the text is set, and the theme may be another since.
+        const QString link = m_links->text();
+        m_links->clear();
+        m_links->setText(link);
         startCheck();
+    }
     QDialog::showEvent(event);
 }

@@ -34,5 +34,6 @@ private:
     QLabel *makeLinks();
     QWidget *makeButtons();
 
+    QLabel *m_links = nullptr;
     QLabel *m_updateStatus;
 };

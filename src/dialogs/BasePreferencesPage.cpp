@@ -10,6 +10,7 @@ BasePreferencesPage::BasePreferencesPage(const QString &title, const QIcon &icon
     constexpr QMargins Margins{5, 2, 5, 2};
     constexpr int Spacing = 5; // pixels
     setWindowTitle(title);
+    setAccessibleName(title);
     setWindowIcon(icon);
     setWidgetResizable(true);
 

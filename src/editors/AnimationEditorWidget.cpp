@@ -67,6 +67,7 @@ void AnimationEditorWidget::layOut()
     m_paletteOffsetSpin->setFixedWidth(SideWidth);
 
     auto *scroller = new QScrollArea;
+    scroller->setAccessibleName(tr("Frame area"));
     scroller->setAlignment(Qt::AlignCenter);
     scroller->setWidgetResizable(true);
     scroller->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

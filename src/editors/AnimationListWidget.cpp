@@ -124,7 +124,7 @@ void AnimationListWidget::setUpList()
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setWordWrap(true); // long names
     m_list->setResizeMode(QListView::Adjust);
-    setFocusProxy(m_list);
+    // No focus proxy: Tab would enter at the list and pass over the buttons above it.
     m_list->viewport()->installEventFilter(this);
     keepUnselected();
     if (m_mode & Narrow) {

@@ -9,6 +9,7 @@ FileField::FileField(std::function<void(QFileDialog *)> prepare, QWidget *parent
     , m_prepare(std::move(prepare))
     , m_edit(new QLineEdit(this))
 {
+    m_edit->setAccessibleName(tr("File name"));
     auto *button = new QToolButton(this);
     button->setText(tr("..."));
     button->setToolTip(tr("Choose a file"));

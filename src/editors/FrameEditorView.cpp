@@ -71,4 +71,21 @@ void FrameEditorWidget::paintMarks(QPainter *painter) const
     }
 }
 
+QString FrameEditorWidget::spokenValue() const
+{
+    const AnimationFrame *frame = frameOnShow();
+    if (!frame)
+        return {};
+    QStringList words{tr("frame %1").arg(m_currentFrame + 1)};
+    if (contains(m_selectedCell)) {
+        const AnimationFrame::Cell cell = frame->cell(m_selectedCell);
+        words += tr("column %1, row %2").arg(m_selectedCell.x()).arg(m_selectedCell.y());
+        words += (m_animation->isSprite() ? tr("sprite %1, offset %2") : tr("tile %1, offset %2"))
+                     .arg(cell.index + 1)
+                     .arg(cell.offset + 1);
+        words += Spoken::orientation(cell.rotate, cell.flip, cell.mirror);
+    }
+    return words.join(QStringLiteral(", "));
+}
+
 } // namespace AnimationEditor

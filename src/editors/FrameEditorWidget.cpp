@@ -235,6 +235,7 @@ void FrameEditorWidget::select(QPoint cell)
 {
     m_selectedCell = cell;
     update();
+    tellChange(this);
     emit selectedCellChanged(m_selectedCell);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/AnimationFrame.h"
+#include "uikit/Spoken.h"
 
 #include <QImage>
 #include <QPointer>
@@ -21,7 +22,7 @@ namespace AnimationEditor {
 /// Cells and frames count from 0. A cell is the scale times 16 pixels for a sprite, 8 for a tile.
 /// The editor knows no tile sets or banks: its owner draws the cells. It writes to the animation
 /// and does not own it.
-class FrameEditorWidget : public QWidget
+class FrameEditorWidget : public QWidget, public Spoken
 {
     Q_OBJECT
 
@@ -62,6 +63,8 @@ public:
     void setRenderCell(RenderCell renderCell);
 
     QSize sizeHint() const override;
+    /// The frame, the selected cell and what it shows.
+    QString spokenValue() const override;
 
 public slots:
     /// These write to the selected cell of the current frame.

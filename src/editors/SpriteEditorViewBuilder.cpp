@@ -67,6 +67,7 @@ QWidget *ViewBuilder::makeEditorPane()
 {
     // Large frames are scrolled: they must not set the least size of the window.
     auto *scroller = new QScrollArea;
+    scroller->setAccessibleName(View::tr("Frame area"));
     scroller->setAlignment(Qt::AlignCenter);
     scroller->setWidget(m_view->m_frameEditor);
 

@@ -172,6 +172,7 @@ void SpriteList::setSelectedIndex(int index)
     updateCell(m_selectedIndex);
     m_selectedIndex = sprite;
     updateCell(m_selectedIndex);
+    tellChange(this);
 }
 
 void SpriteList::setHoverIndex(int index)

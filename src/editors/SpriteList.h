@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editors/SpriteSheet.h"
+#include "uikit/Spoken.h"
 
 #include <QIcon>
 #include <QMenu>
@@ -18,7 +19,7 @@ namespace SpriteEditor {
 /// Sprites count from 0. A cell is a sprite's sixteen pixels times the magnification, in widget
 /// pixels; the cells stand in rows, the block of them in the middle. The list reads the bank and
 /// does not own it. It asks by its signals for every change but pasting.
-class SpriteList : public QWidget
+class SpriteList : public QWidget, public Spoken
 {
     Q_OBJECT
 
@@ -50,6 +51,8 @@ public:
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    /// The selected sprite, counted from 1.
+    QString spokenValue() const override;
 
 public slots:
     /// Puts the sprite under the latest press on the clipboard.

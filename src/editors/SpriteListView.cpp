@@ -66,6 +66,13 @@ void SpriteList::paintMarks(QPainter *painter) const
         drawFrame(painter, outline(m_dropIndex).adjusted(0, 0, -1, -1));
 }
 
+QString SpriteList::spokenValue() const
+{
+    if (!contains(m_selectedIndex))
+        return {};
+    return tr("sprite %1 of %2").arg(m_selectedIndex + 1).arg(m_sprites->count());
+}
+
 void SpriteList::startDrag(int index)
 {
     setHoverIndex(-1);

@@ -63,6 +63,7 @@ void SpriteWindow::makeContent()
     m_canvas->setZoomLevel(FittingZoom);
     m_number->setRange(1, FirstMaximum);
     auto *scroller = new QScrollArea;
+    scroller->setAccessibleName(tr("Sprite area"));
     scroller->setWidgetResizable(true);
     scroller->setMinimumHeight(ListHeight);
     // A large bank is scrolled here and not together with the canvas.

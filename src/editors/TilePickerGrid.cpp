@@ -194,6 +194,7 @@ void TilePickerGrid::setSelectedIndex(int index)
     updateCell(m_selectedIndex);
     m_selectedIndex = selected;
     updateCell(m_selectedIndex);
+    tellChange(this);
 }
 
 void TilePickerGrid::pick(int index)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editors/TileGridPictures.h"
+#include "uikit/Spoken.h"
 
 #include <QMenu>
 #include <QPointer>
@@ -13,7 +14,7 @@ class QActionGroup;
 /// Tiles count from 0. A cell is a tile's eight pixels times the magnification, in widget pixels;
 /// the cells fill the width from left to right, then the next row. The grid reads the set and does
 /// not own it.
-class TilePickerGrid : public QWidget
+class TilePickerGrid : public QWidget, public Spoken
 {
     Q_OBJECT
 
@@ -48,6 +49,8 @@ public:
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;
+    /// The selected tile, as the tile editor counts it.
+    QString spokenValue() const override;
 
 signals:
     /// The user has picked a tile. Who emits it for them also moves the grid's selection.

@@ -2,6 +2,7 @@
 
 #include "editors/TileDrag.h"
 #include "editors/TilePickerGrid.h"
+#include "model/Tile.h"
 #include "model/TileSet.h"
 
 #include <QDrag>
@@ -158,4 +159,13 @@ void TilePickerGrid::setDropIndex(int index)
     updateCell(m_dropIndex);
     m_dropIndex = index;
     updateCell(m_dropIndex);
+}
+
+QString TilePickerGrid::spokenValue() const
+{
+    if (!contains(m_selectedIndex))
+        return {};
+    return tr("tile %1, offset %2")
+        .arg(m_selectedIndex + 1)
+        .arg(m_tileSet->tile(m_selectedIndex)->offset() + 1);
 }

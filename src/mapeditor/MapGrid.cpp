@@ -10,6 +10,7 @@
 #include "model/SpriteBank.h"
 #include "model/TileAnimation.h"
 #include "model/TileSet.h"
+#include "uikit/PointerKeys.h"
 
 #include <QMetaEnum>
 #include <QMouseEvent>
@@ -199,6 +200,33 @@ void MapGrid::scrollBy(QPoint delta)
         m_rubberBand.move(m_rubberBand.pos() - moved * m_geometry.cellSize);
     update();
     emit scrollPositionChanged(m_geometry.scroll);
+}
+
+void MapGrid::reveal(QPoint cell)
+{
+    const auto wanted = [](int position, int first, int last) {
+        return position > last ? 1 : position < first ? -1 : 0;
+    };
+    QPoint before(-1, -1);
+    while (before != m_geometry.scroll) {
+        before = m_geometry.scroll;
+        const QRect visible = m_geometry.visibleCells();
+        scrollBy({wanted(cell.x(), visible.left(), visible.right()),
+                  wanted(cell.y(), visible.top(), visible.bottom())});
+    }
+}
+
+void MapGrid::takeKeysOf(QWidget *view)
+{
+    new PointerKeys(this, view,
+                    {.cells = [this] { return m_map ? m_map->tileLayer()->rect() : QRect(); },
+                     .current = [this] { return m_hoverCell; },
+                     .reveal = [this](QPoint cell) { reveal(cell); },
+                     .rectOf =
+                         [this](QPoint cell) {
+                             return m_geometry.fromCells({cell, QSize(1, 1)});
+                         }},
+                    Qt::ShiftModifier);
 }
 
 void MapGrid::setHorizontalScrollPosition(int pos)
@@ -402,6 +430,7 @@ void MapGrid::moveTo(QMouseEvent *event)
 {
     if (m_map && m_geometry.gridRect.contains(wholePosition(event->position()))) {
         m_currentTool->mouseMove(event);
+        tellChange(focusProxy() ? focusProxy() : this);
     } else {
         m_hoverCell.setX(-1);
         update();

@@ -9,6 +9,7 @@
 #include "model/SpriteAnim.h"
 #include "model/SpriteBank.h"
 #include "model/TileAnimation.h"
+#include "uikit/Spoken.h"
 
 #include <QColor>
 #include <QHash>
@@ -28,7 +29,7 @@ namespace MapEditor {
 /// It forwards the mouse to the current tool, keeps scroll position and zoom, and makes one undo
 /// command of each gesture. It has no scroll bars of its own; ranges and positions go out by
 /// signal. Disabled until it has a map. Tools reach its state as friends.
-class MapGrid : public QWidget
+class MapGrid : public QWidget, public Spoken
 {
     Q_OBJECT
 
@@ -95,10 +96,16 @@ public:
     /// The current tile as it is painted, with its own palette offset.
     TileMap::TileData currentTileData(bool occupied) const;
 
+    /// Lets the keys that @p view gets do what the mouse does here: Shift and an arrow move over
+    /// the cells, and Space is the left button.
+    void takeKeysOf(QWidget *view);
+
     /// One step on one axis, the horizontal one first.
     void scrollBy(QPoint delta);
 
     QSize sizeHint() const override { return {640, 512}; }
+    /// The cell under the pointer and what it shows, as the tile editor counts them.
+    QString spokenValue() const override;
 
 signals:
     void scrollDeltaChanged(int h, int v);
@@ -171,6 +178,7 @@ private:
     void makeContextMenu();
     void moveTo(QMouseEvent *event);
     void pickAt(QPoint position);
+    void reveal(QPoint cell);
     void selectSprite(int index);
     void fillSelection();
     void setZoom(int level);

@@ -54,6 +54,21 @@ void MapGrid::paintEvent(QPaintEvent *event)
                                          .arg(timer.elapsed()));
 }
 
+QString MapGrid::spokenValue() const
+{
+    if (!m_map || !m_map->tileLayer()->contains(m_hoverCell))
+        return {};
+    const QString place = tr("column %1, row %2").arg(m_hoverCell.x()).arg(m_hoverCell.y());
+    const TileMap::TileData cell = m_map->tileLayer()->cell(m_hoverCell);
+    QStringList words{place};
+    if (cell.occupied)
+        words += tr("tile %1, offset %2").arg(cell.index + 1).arg(cell.offset + 1);
+    else
+        words += tr("empty");
+    words += Spoken::orientation(cell.rotate, cell.flip, cell.mirror);
+    return words.join(QStringLiteral(", "));
+}
+
 QRegion MapGrid::refreshPictures()
 {
     const QPoint corner = m_geometry.gridRect.topLeft();

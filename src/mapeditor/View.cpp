@@ -13,6 +13,7 @@
 #include "model/TileAnimation.h"
 #include "model/TileSet.h"
 #include "uikit/ScrollBar.h"
+#include "uikit/WaitCursor.h"
 
 #include <QFileDialog>
 #include <QTabWidget>
@@ -270,10 +271,16 @@ void View::showResizeDialog()
     m_resizeDialog->open();
 }
 
+QString View::spokenValue() const
+{
+    return m_grid->spokenValue();
+}
+
 void View::resizeMap()
 {
     if (!m_map || m_resizeDialog->mapSize() == m_map->tileLayer()->size())
         return;
+    const WaitCursor wait;
     m_grid->resizeMap(m_resizeDialog->mapSize(), m_resizeDialog->alignment());
     updateSizeText();
 }
@@ -298,6 +305,7 @@ void View::exportTo(const QString &directory)
 {
     if (!m_map || directory.isEmpty())
         return;
+    const WaitCursor wait;
     const auto tileSet = m_map->tileSet();
     const auto palette = tileSet ? tileSet->palette() : nullptr;
     if (m_exportDialog->exportsMap())

@@ -8,6 +8,7 @@
 #include "model/SpriteAnim.h"
 #include "model/SpriteBank.h"
 #include "model/TileAnimation.h"
+#include "uikit/Spoken.h"
 
 #include <QColor>
 #include <QList>
@@ -38,7 +39,7 @@ struct ViewSettings
 };
 
 /// The tab that edits one map: grid, scroll bars, tool palette and the frame clock.
-class View : public QSplitter, public EditTarget
+class View : public QSplitter, public EditTarget, public Spoken
 {
     Q_OBJECT
 
@@ -64,6 +65,9 @@ public:
     void bindToolBar(ToolBar *toolBar);
     void unbindToolBar();
     QString sizeText() const { return m_sizeText; }
+
+    /// What the grid says, which leaves the focus to the view.
+    QString spokenValue() const override;
 
     void cut() override;
     void copy() override;

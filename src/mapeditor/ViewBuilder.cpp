@@ -70,7 +70,9 @@ void ViewBuilder::layOut()
     m_view->setStretchFactor(0, MainStretch);
     m_view->setStretchFactor(1, 1);
     m_view->setFocusPolicy(Qt::ClickFocus);
+    m_view->setAccessibleName(View::tr("Map"));
     m_view->m_grid->setFocusProxy(m_view);
+    m_view->m_grid->takeKeysOf(m_view);
     m_view->m_toolPalette->setFocusProxy(m_view);
 }
 

@@ -1,5 +1,6 @@
 #include "tree/ProjectTree.h"
 
+#include <QKeyEvent>
 #include <QMenu>
 #include <QSignalBlocker>
 
@@ -144,6 +145,15 @@ void ProjectTree::doubleClickFilter(QTreeWidgetItem *item, int)
 {
     if (isDocument(item))
         emit itemDoubleClicked(nodeOf(item), idOf(item));
+}
+
+void ProjectTree::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && state() != EditingState)
+        doubleClickFilter(currentItem(), 0);
+    else
+        QTreeWidget::keyPressEvent(event);
 }
 
 void ProjectTree::showContextMenu(QPoint pos)

@@ -49,6 +49,10 @@ public slots:
     /// @p pos in the viewport.
     void showItemContextMenu(ProjectTree::ProjectNode type, QPoint pos, QUuid id);
 
+protected:
+    /// Return does what a double click does.
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     QTreeWidgetItem *group(ProjectNode node) const;
     QTreeWidgetItem *find(ProjectNode node, const QUuid &id) const;

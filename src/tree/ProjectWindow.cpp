@@ -22,6 +22,7 @@ ProjectWindow::ProjectWindow(QWidget *parent)
     setPlaceholderText(tr("No project loaded"));
     setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
     setContentWidget(m_tree);
+    setFocusProxy(m_tree); // which takes the focus neither by a click nor by Tab
     connect(m_tree, &ProjectTree::itemDoubleClicked, this, &ProjectWindow::itemDoubleClicked);
     connect(m_tree, &QTreeWidget::itemChanged, this, &ProjectWindow::itemEdited);
     connect(m_tree, &ProjectTree::deleteItem, this, &ProjectWindow::deleteItemTriggered);

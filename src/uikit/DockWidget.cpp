@@ -42,6 +42,7 @@ DockWidget::DockWidget(QWidget *parent)
     m_placeholder->setWordWrap(true);
     m_scrollArea->setWidgetResizable(true);
     m_scrollArea->setFrameShape(QFrame::NoFrame);
+    connect(this, &QWidget::windowTitleChanged, m_scrollArea.data(), &QWidget::setAccessibleName);
 
     m_stack->setAutoFillBackground(true);
     m_stack->insertWidget(PlaceholderPage, m_placeholder);

@@ -495,7 +495,7 @@ void tst_AnimationListWidget::theFocusAlonePicksNothing()
     list.show();
     QVERIFY(QTest::qWaitForWindowActive(&list));
 
-    list.setFocus(Qt::TabFocusReason);
+    items(list)->setFocus(Qt::TabFocusReason);
 
     QVERIFY(items(list)->hasFocus());
     QCOMPARE(selected.count(), 0);

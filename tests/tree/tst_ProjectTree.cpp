@@ -25,6 +25,7 @@ private slots:
     void removeOfAnUnknownIdChangesNothing();
     void doubleClickOnADocumentNamesIt();
     void doubleClickOnAGroupDoesNothing();
+    void returnDoesWhatADoubleClickDoes();
     void contextMenuActions_data();
     void contextMenuActions();
     void noMenuForRootAndGroups();
@@ -209,6 +210,21 @@ void tst_ProjectTree::doubleClickOnADocumentNamesIt()
 
     QCOMPARE(picked.count(), 1);
     QCOMPARE(picked.first().at(0).value<Node>(), Node::Map);
+    QCOMPARE(picked.first().at(1).toUuid(), m_first);
+}
+
+void tst_ProjectTree::returnDoesWhatADoubleClickDoes()
+{
+    m_tree->addDocument(Node::Map, m_first, "level");
+    QSignalSpy picked(m_tree.get(), &ProjectTree::itemDoubleClicked);
+
+    m_tree->setCurrentItem(group(Node::Map));
+    QTest::keyClick(m_tree.get(), Qt::Key_Return);
+    QCOMPARE(picked.count(), 0);
+    m_tree->setCurrentItem(group(Node::Map)->child(0));
+    QTest::keyClick(m_tree.get(), Qt::Key_Return);
+
+    QCOMPARE(picked.count(), 1);
     QCOMPARE(picked.first().at(1).toUuid(), m_first);
 }
 
