@@ -7,6 +7,7 @@
 #include "colour/ColourPalette.h"
 #include "formats/PictureFile.h"
 #include "model/Palette.h"
+#include "uikit/WaitCursor.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
@@ -143,6 +144,7 @@ void View::loadImage(const QString &fileName)
 
 bool View::importImage(const QString &fileName)
 {
+    const WaitCursor wait;
     const QImage picture = PictureFile::read(fileName).convertToFormat(QImage::Format_Indexed8);
     if (picture.isNull())
         return false;

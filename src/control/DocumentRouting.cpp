@@ -15,6 +15,7 @@
 #include "model/SpriteBank.h"
 #include "model/TileSet.h"
 #include "tree/ProjectWindow.h"
+#include "uikit/WaitCursor.h"
 
 #include <QApplication>
 #include <QUndoStack>
@@ -83,10 +84,21 @@ void DocumentController::connectViews()
 void DocumentController::makeUndoActions()
 {
     EditMenu *const menu = m_views.menuBar->editMenu();
-    QAction *const undo = m_undoStacks.group()->createUndoAction(menu);
+    QUndoGroup *const group = m_undoStacks.group();
+    // A step can be a whole map; the group's own connections show nothing while it is taken.
+    const auto take = [group](QAction *action, void (QUndoGroup::*step)()) {
+        disconnect(action, &QAction::triggered, group, nullptr);
+        connect(action, &QAction::triggered, group, [group, step] {
+            const WaitCursor wait;
+            (group->*step)();
+        });
+    };
+    QAction *const undo = group->createUndoAction(menu);
     undo->setShortcut(QKeySequence::Undo);
-    QAction *const redo = m_undoStacks.group()->createRedoAction(menu);
+    take(undo, &QUndoGroup::undo);
+    QAction *const redo = group->createRedoAction(menu);
     redo->setShortcut(QKeySequence::Redo);
+    take(redo, &QUndoGroup::redo);
     menu->insertUndoActions(undo, redo);
 }
 

@@ -281,7 +281,11 @@ void ProjectActions::importMap(QString filePath)
 
 void ProjectActions::importFourFiles(const QString &filePath)
 {
-    const FourFileImport::Outcome outcome = FourFileImport::run(project(), filePath);
+    FourFileImport::Outcome outcome;
+    {
+        const WaitCursor wait;
+        outcome = FourFileImport::run(project(), filePath);
+    }
     if (!outcome.done)
         showImportFailure(outcome.message);
 }

@@ -4,6 +4,7 @@
 #include "menus/MenuDialogs.h"
 #include "model/Map.h"
 #include "model/Project.h"
+#include "uikit/WaitCursor.h"
 
 #include <QActionGroup>
 #include <QFileDialog>
@@ -71,7 +72,11 @@ void MapMenu::exportMap()
     if (!file || !map)
         return;
 
-    if (!map->exportData(*file))
+    const auto write = [&map, &file] {
+        const WaitCursor wait;
+        return map->exportData(*file);
+    };
+    if (!write())
         MenuDialogs::warnOfFailedExport(this);
 }
 

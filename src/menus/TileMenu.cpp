@@ -10,6 +10,7 @@
 #include "model/Palette.h"
 #include "model/Project.h"
 #include "model/TileSet.h"
+#include "uikit/WaitCursor.h"
 
 #include <QActionGroup>
 #include <QFileDialog>
@@ -146,6 +147,7 @@ void TileMenu::exportAccepted(QString name, int first, int last, bool rotate)
     if (!tiles)
         return;
 
+    const WaitCursor wait;
     if (!TileExport::write(tiles, name, {first, last, rotate}))
         qWarning("Export failed!");
 }
