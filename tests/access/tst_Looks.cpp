@@ -1,0 +1,397 @@
+#include "access/Surfaces.h"
+
+#include "canvas/Canvas.h"
+#include "mapeditor/MapGrid.h"
+#include "mapeditor/View.h"
+#include "model/Map.h"
+#include "model/Palette.h"
+#include "model/Project.h"
+#include "model/TileSet.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QHash>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QRadioButton>
+#include <QStyleFactory>
+#include <QTest>
+#include <QToolButton>
+
+#include <cmath>
+
+namespace {
+
+constexpr double TextContrast = 4.5;
+constexpr double IconContrast = 3.0;
+constexpr QSize SmallScreen(800, 600);
+
+QPalette lightColours()
+{
+    return QStyleFactory::create("Fusion")->standardPalette();
+}
+
+QPalette darkColours()
+{
+    QPalette colours(QColor(53, 53, 53), QColor(42, 42, 42));
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+        colours.setColor(role, Qt::white);
+    colours.setColor(QPalette::Base, QColor(36, 36, 36));
+    colours.setColor(QPalette::Highlight, QColor(42, 110, 180));
+    colours.setColor(QPalette::Link, QColor(120, 180, 255));
+    return colours;
+}
+
+QPalette highContrastColours()
+{
+    QPalette colours(Qt::black, Qt::black);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::BrightText})
+        colours.setColor(role, Qt::white);
+    colours.setColor(QPalette::Base, Qt::black);
+    colours.setColor(QPalette::Highlight, Qt::yellow);
+    colours.setColor(QPalette::HighlightedText, Qt::black);
+    colours.setColor(QPalette::Link, Qt::cyan);
+    return colours;
+}
+
+/// Relative luminance of sRGB, 0 to 1.
+double luminance(QRgb colour)
+{
+    const auto linear = [](int channel) {
+        const double value = channel / 255.0;
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) +
+           0.0722 * linear(qBlue(colour));
+}
+
+double contrast(QRgb one, QRgb other)
+{
+    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
+    return (light + 0.05) / (dark + 0.05);
+}
+
+/// The contrast of what stands out most to the most frequent colour.
+double contrastIn(const QImage &picture)
+{
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            ++counts[picture.pixel(x, y)];
+    }
+    QRgb ground = 0;
+    int most = 0;
+    for (auto one = counts.cbegin(); one != counts.cend(); ++one) {
+        if (one.value() > most) {
+            ground = one.key();
+            most = one.value();
+        }
+    }
+    double best = 1;
+    for (auto one = counts.cbegin(); one != counts.cend(); ++one)
+        best = std::max(best, contrast(one.key(), ground));
+    return best;
+}
+
+/// The inside of a widget, without its frame, in a picture of its window.
+QImage inside(const QWidget *widget, const QImage &window)
+{
+    constexpr int Frame = 4;
+    const QRect core = widget->rect().adjusted(Frame, Frame, -Frame, -Frame);
+    const QRect part = core.height() > Frame && core.width() > Frame ? core : widget->rect();
+    const QRectF area = part.translated(widget->mapTo(widget->window(), QPoint()));
+    const double ratio = window.devicePixelRatio();
+    return window.copy(QRectF(area.topLeft() * ratio, area.size() * ratio).toRect());
+}
+
+double neededContrast(const QWidget *widget)
+{
+    if (const auto *label = qobject_cast<const QLabel *>(widget))
+        return label->text().trimmed().isEmpty() ? 0 : TextContrast;
+    const auto *button = qobject_cast<const QAbstractButton *>(widget);
+    const auto *tool = qobject_cast<const QToolButton *>(widget);
+    if (!button)
+        return qobject_cast<const QComboBox *>(widget) ? TextContrast : 0;
+    const bool showsText =
+        !button->text().isEmpty() && (!tool || tool->toolButtonStyle() != Qt::ToolButtonIconOnly);
+    if (showsText && (!tool || button->icon().isNull()))
+        return TextContrast;
+    return button->icon().isNull() ? 0 : IconContrast;
+}
+
+/// Whether it shows colours of its own, or a picture of Qt's.
+bool isSwatch(const QWidget *widget)
+{
+    return !widget->accessibleDescription().isEmpty() || widget->inherits("ChannelLabel") ||
+           widget->inherits("QToolBarExtension");
+}
+
+QString describe(const QWidget *widget)
+{
+    const auto *label = qobject_cast<const QLabel *>(widget);
+    const auto *button = qobject_cast<const QAbstractButton *>(widget);
+    return QStringLiteral("%1 \"%2\" %3")
+        .arg(QString::fromLatin1(widget->metaObject()->className()), widget->accessibleName(),
+             label    ? label->text()
+             : button ? button->text()
+                      : QString());
+}
+
+/// Saves a picture of each surface if the environment names a folder for them.
+void keepPicture(const QString &look, const QString &name, QWidget *surface)
+{
+    const QString folder = qEnvironmentVariable("TESSARIL_LOOKS");
+    if (folder.isEmpty())
+        return;
+    QString file = look + QLatin1Char('-') + name + QStringLiteral(".png");
+    file.replace(QLatin1Char('/'), QLatin1Char('_')).replace(QLatin1Char(' '), QLatin1Char('_'));
+    QDir().mkpath(folder);
+    surface->grab().save(QDir(folder).filePath(file));
+}
+
+/// The cells of side @p cell that a point of the screen, the @p at-th from the left of the window,
+/// touches. @p origin is that of the cells.
+std::pair<int, int> touchedCells(int at, double ratio, int origin, int cell)
+{
+    const auto cellAt = [origin, cell](double position) {
+        return int(std::floor((position - origin) / cell));
+    };
+    constexpr double Hair = 1e-6;
+    return {cellAt(at / ratio + Hair), cellAt((at + 1) / ratio - Hair)};
+}
+
+void moveMouse(QWidget *widget, QPointF position)
+{
+    QMouseEvent move(QEvent::MouseMove, position, widget->mapToGlobal(position), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(widget, &move);
+}
+
+QString spoken(QWidget *widget)
+{
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Value);
+}
+
+} // namespace
+
+/// What is on the screen can be read, is whole, and lies where the mouse finds it, at the scale
+/// that the environment sets.
+class tst_Looks : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void allStandsOut_data();
+    void allStandsOut();
+    void nothingIsCutOff_data();
+    void nothingIsCutOff();
+    void dialogsFitASmallScreen();
+    void aCanvasHasItsPixelsUnderTheCursor_data();
+    void aCanvasHasItsPixelsUnderTheCursor();
+    void aMapHasNoSeams_data();
+    void aMapHasNoSeams();
+
+private:
+    std::unique_ptr<Surfaces> m_surfaces;
+};
+
+void tst_Looks::initTestCase()
+{
+    QApplication::setStyle("Fusion");
+    m_surfaces = std::make_unique<Surfaces>();
+}
+
+void tst_Looks::cleanupTestCase()
+{
+    QApplication::setPalette(lightColours());
+    m_surfaces.reset();
+}
+
+void tst_Looks::allStandsOut_data()
+{
+    QTest::addColumn<QPalette>("colours");
+    QTest::newRow("light") << lightColours();
+    QTest::newRow("dark") << darkColours();
+    QTest::newRow("contrast") << highContrastColours();
+}
+
+void tst_Looks::allStandsOut()
+{
+    QFETCH(QPalette, colours);
+    QApplication::setPalette(colours);
+    const QString look = QString::fromLatin1(QTest::currentDataTag());
+    QStringList faint;
+    int count = 0;
+    m_surfaces->visitAll([&](const QString &name, QWidget *surface) {
+        keepPicture(look, name, surface);
+        const QImage window = surface->window()->grab().toImage();
+        for (const QWidget *widget : Surfaces::shownIn(surface)) {
+            const double needed = neededContrast(widget);
+            const bool isWhole = widget->visibleRegion().boundingRect() == widget->rect();
+            if (needed == 0 || !widget->isEnabled() || !isWhole || isSwatch(widget))
+                continue;
+            ++count;
+            const double found = contrastIn(inside(widget, window));
+            if (found < needed)
+                faint += QStringLiteral("%1: %2 %3").arg(name, describe(widget)).arg(found);
+        }
+    });
+
+    faint.removeDuplicates();
+    QVERIFY(count > 300);
+    QVERIFY2(faint.isEmpty(), qPrintable(faint.join(QLatin1Char('\n'))));
+}
+
+void tst_Looks::nothingIsCutOff_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("small") << SmallScreen;
+    QTest::newRow("large") << QSize(2560, 1440);
+}
+
+void tst_Looks::nothingIsCutOff()
+{
+    QFETCH(QSize, size);
+    QApplication::setPalette(lightColours());
+    m_surfaces->window()->resize(size);
+    QApplication::processEvents();
+    // The block editor's tab asks for more width than that of a small screen.
+    QCOMPARE(m_surfaces->window()->size(),
+             size.expandedTo(m_surfaces->window()->minimumSizeHint()));
+    QVERIFY(m_surfaces->window()->height() <= size.height());
+    const QString look = QString::fromLatin1(QTest::currentDataTag());
+    QStringList cut;
+    int count = 0;
+    m_surfaces->visitAll([&](const QString &name, QWidget *surface) {
+        keepPicture(look, name, surface);
+        for (const QWidget *widget : Surfaces::shownIn(surface)) {
+            const auto *label = qobject_cast<const QLabel *>(widget);
+            const auto *button = qobject_cast<const QAbstractButton *>(widget);
+            const bool showsText =
+                (label && !label->text().isEmpty() && !label->wordWrap()) ||
+                (button && !button->text().isEmpty() && !qobject_cast<const QToolButton *>(button));
+            if (!showsText || isSwatch(widget))
+                continue;
+            ++count;
+            const QString text = label ? label->text() : button->text();
+            const QSize wanted = label && Qt::mightBeRichText(text)
+                                     ? label->minimumSizeHint()
+                                     : widget->fontMetrics().size(Qt::TextShowMnemonic, text);
+            if (widget->width() < wanted.width() || widget->height() < wanted.height())
+                cut += QStringLiteral("%1: %2 %3x%4 of %5x%6")
+                           .arg(name, describe(widget))
+                           .arg(widget->width())
+                           .arg(widget->height())
+                           .arg(wanted.width())
+                           .arg(wanted.height());
+        }
+    });
+
+    cut.removeDuplicates();
+    m_surfaces->window()->resize(1024, 768);
+    QVERIFY(count > 100);
+    QVERIFY2(cut.isEmpty(), qPrintable(cut.join(QLatin1Char('\n'))));
+}
+
+void tst_Looks::dialogsFitASmallScreen()
+{
+    QStringList tooLarge;
+    m_surfaces->visitDialogs([&](const QString &name, QWidget *dialog) {
+        if (dialog->width() > SmallScreen.width() || dialog->height() > SmallScreen.height())
+            tooLarge +=
+                QStringLiteral("%1: %2 by %3").arg(name).arg(dialog->width()).arg(dialog->height());
+    });
+
+    QVERIFY2(tooLarge.isEmpty(), qPrintable(tooLarge.join(QLatin1Char('\n'))));
+}
+
+void tst_Looks::aCanvasHasItsPixelsUnderTheCursor_data()
+{
+    QTest::addColumn<int>("zoom");
+    for (const int zoom : {1, 2, 3, 7, 16, 32})
+        QTest::addRow("%d", zoom) << zoom;
+}
+
+void tst_Looks::aCanvasHasItsPixelsUnderTheCursor()
+{
+    QFETCH(int, zoom);
+    Palette palette;
+    for (int i = 0; i < 8; ++i)
+        palette.setColour(i, QColor(i & 1 ? 255 : 0, i & 2 ? 255 : 0, i & 4 ? 255 : 0), false);
+    Canvas canvas;
+    canvas.resize(200, 60);
+    QImage image(200, 1, QImage::Format_Indexed8);
+    image.setColorCount(256);
+    for (int x = 0; x < image.width(); ++x)
+        image.setPixel(x, 0, x * 5 % 8);
+    canvas.setPalette(&palette);
+    canvas.setImage(image);
+    canvas.setZoomLevel(zoom);
+    canvas.show();
+
+    const QImage shown = canvas.grab().toImage();
+    const double ratio = canvas.devicePixelRatioF();
+    const int y = qFloor((canvas.viewRect().top() + zoom / 2.0) * ratio);
+    for (int x = qCeil(canvas.viewRect().left() * ratio);
+         (x + 1) / ratio <= canvas.viewRect().left() + canvas.viewRect().width(); ++x) {
+        const auto [first, last] = touchedCells(x, ratio, canvas.viewRect().left(), zoom);
+        const auto colourOf = [&](int pixel) { return palette.colour(pixel * 5 % 8).rgb(); };
+        const QRgb colour = shown.pixel(x, y);
+        QVERIFY2(colour == colourOf(first) || colour == colourOf(last),
+                 qPrintable(QStringLiteral("%1: %2, not %3")
+                                .arg(x)
+                                .arg(colour, 0, 16)
+                                .arg(colourOf(first), 0, 16)));
+        moveMouse(&canvas, QPointF(x, y) / ratio);
+        const int hit = spoken(&canvas).section(QLatin1Char(' '), 1, 1).chopped(1).toInt();
+        QVERIFY2(hit == first || hit == last,
+                 qPrintable(QStringLiteral("%1: %2, not %3").arg(x).arg(hit).arg(first)));
+    }
+}
+
+void tst_Looks::aMapHasNoSeams_data()
+{
+    QTest::addColumn<int>("zoom");
+    for (int zoom = 1; zoom <= 4; ++zoom)
+        QTest::addRow("%d", zoom) << zoom;
+}
+
+void tst_Looks::aMapHasNoSeams()
+{
+    QFETCH(int, zoom);
+    Project *const project = m_surfaces->project();
+    const auto palette = project->createPalette(CreateDefault, "flat");
+    palette->setColour(0, Qt::green, false);
+    const auto tiles = project->createTileSet("flat", palette->id(), 4);
+    const auto map = project->createMap("flat", tiles->id(), QSize(30, 20));
+    MapEditor::MapGrid grid;
+    grid.resize(400, 300);
+    grid.setMap(map);
+    grid.setGridVisible(false);
+    grid.setCellMetrics(9, zoom);
+    grid.updateGeometryMetrics();
+    grid.show();
+
+    const QImage shown = grid.grab().toImage();
+    const double ratio = grid.devicePixelRatioF();
+    const QRect area = grid.cellGeometry().gridRect;
+    constexpr int StatusHeight = 40; // with the place under the mouse, in white
+    const QRgb flat = palette->colour(0).rgb();
+    for (int y = qCeil(std::max(area.top(), StatusHeight) * ratio);
+         (y + 1) / ratio <= area.top() + area.height(); ++y) {
+        for (int x = qCeil(area.left() * ratio); (x + 1) / ratio <= area.left() + area.width(); ++x)
+            QVERIFY2(shown.pixel(x, y) == flat,
+                     qPrintable(QStringLiteral("seam at %1, %2").arg(x).arg(y)));
+    }
+}
+
+QTEST_MAIN(tst_Looks)
+#include "tst_Looks.moc"

@@ -1,0 +1,129 @@
+#include "access/Surfaces.h"
+
+#include "canvas/Canvas.h"
+#include "dialogs/ResizeMapDialog.h"
+#include "mapeditor/MapGrid.h"
+#include "mapeditor/View.h"
+#include "model/Map.h"
+#include "model/Project.h"
+#include "support/DialogDriver.h"
+
+#include <QAction>
+#include <QGuiApplication>
+#include <QSpinBox>
+#include <QTest>
+#include <QUndoCommand>
+#include <QUndoStack>
+
+namespace {
+
+bool isWaiting()
+{
+    const QCursor *const cursor = QGuiApplication::overrideCursor();
+    return cursor && cursor->shape() == Qt::WaitCursor;
+}
+
+/// Notes for each step whether the user was shown that it takes its time.
+class Step : public QUndoCommand
+{
+public:
+    explicit Step(QList<bool> *waits)
+        : QUndoCommand(QStringLiteral("Step"))
+        , m_waits(waits)
+    {
+    }
+    void undo() override { m_waits->append(isWaiting()); }
+    void redo() override { m_waits->append(isWaiting()); }
+
+private:
+    QList<bool> *m_waits;
+};
+
+} // namespace
+
+/// Work that can take long shows the wait cursor while it lasts, and not any longer.
+class tst_Waiting : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { m_surfaces = std::make_unique<Surfaces>(); }
+    void cleanup() { m_surfaces.reset(); }
+    void undoAndRedoWait();
+    void resizingAMapWaits();
+    void readingAPictureWaits();
+
+private:
+    QAction *editAction(const QString &text) const;
+    MapEditor::View *mapView() const
+    {
+        return qobject_cast<MapEditor::View *>(m_surfaces->views().tabs->currentWidget());
+    }
+
+    std::unique_ptr<Surfaces> m_surfaces;
+};
+
+QAction *tst_Waiting::editAction(const QString &text) const
+{
+    for (QAction *const action : m_surfaces->views().menuBar->editMenu()->actions()) {
+        if (action->text().startsWith(text))
+            return action;
+    }
+    return nullptr;
+}
+
+void tst_Waiting::undoAndRedoWait()
+{
+    QList<bool> waits;
+    QUndoStack *const stack =
+        m_surfaces->window()->documentController()->undoStack(mapView()->map()->id());
+    stack->push(new Step(&waits));
+    stack->push(new Step(&waits));
+
+    editAction("Undo")->trigger();
+    QVERIFY(!isWaiting());
+    editAction("Redo")->trigger();
+
+    QVERIFY(!isWaiting());
+    QCOMPARE(waits, QList<bool>({false, false, true, true}));
+    QCOMPARE(stack->index(), 2);
+    editAction("Undo")->trigger();
+    QCOMPARE(stack->index(), 1); // one step for each choice
+}
+
+void tst_Waiting::resizingAMapWaits()
+{
+    bool waited = false;
+    const auto map = mapView()->map();
+    const QSize size = map->tileLayer()->size();
+    connect(mapView()->grid(), &MapEditor::MapGrid::mapResized, this,
+            [&waited] { waited = isWaiting(); });
+    mapView()->toolPaletteClicked(Tessaril::Ui::ToolButton::Resize);
+    ResizeMapDialog *const dialog = mapView()->resizeDialog();
+    dialog->findChild<QSpinBox *>()->setValue(size.width() + 3);
+
+    DialogDriver::pressOk(*dialog);
+
+    QVERIFY(map->tileLayer()->size() != size);
+    QVERIFY(waited);
+    QVERIFY(!isWaiting());
+}
+
+void tst_Waiting::readingAPictureWaits()
+{
+    QImage picture(32, 32, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    QVERIFY(picture.save("red.png"));
+    ImageEditor::View *const view = m_surfaces->views().tabs->scratchEditor();
+    bool waited = false;
+    connect(view->findChild<Canvas *>(), &Canvas::imageChanged, this,
+            [&waited] { waited = isWaiting(); });
+
+    QVERIFY(view->importImage("red.png"));
+
+    QVERIFY(waited);
+    QVERIFY(!isWaiting());
+}
+
+QTEST_MAIN(tst_Waiting)
+#include "tst_Waiting.moc"
