@@ -73,7 +73,10 @@ Monkey::Monkey(MainWindow *window, quint32 seed, Reach reach)
 void Monkey::act()
 {
     if (QWidget *const modal = QApplication::activeModalWidget()) {
+        m_isActing = true; // an answer can open the next box
+        m_waited = 0;
         answerDialog(modal);
+        m_isActing = false;
         QApplication::processEvents();
         return;
     }

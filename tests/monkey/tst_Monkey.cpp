@@ -36,11 +36,14 @@ bool isExpected(const QString &message)
            message.startsWith(QStringLiteral("Open "));
 }
 
-/// How a map is looked at is kept with it, but is no step.
-const QStringList Unrecorded = {
-    QStringLiteral("grid_visible"),       QStringLiteral("backgroundTileIndex"),
-    QStringLiteral("tile_transparency"),  QStringLiteral("objectLayerVisible"),
-    QStringLiteral("spriteLayerVisible"), QStringLiteral("tileLayerVisible")};
+/// How a map is looked at and what things are called is kept with them, but is no step.
+const QStringList Unrecorded = {QStringLiteral("grid_visible"),
+                                QStringLiteral("backgroundTileIndex"),
+                                QStringLiteral("name"),
+                                QStringLiteral("tile_transparency"),
+                                QStringLiteral("objectLayerVisible"),
+                                QStringLiteral("spriteLayerVisible"),
+                                QStringLiteral("tileLayerVisible")};
 
 QJsonValue recordedPart(const QJsonValue &value)
 {
