@@ -35,7 +35,7 @@ struct Png
     bool isInterlaced = false;
     int colours = 256;
     QSize change{0, 0};  ///< of the size that the place asks for
-    QSize claimed;       ///< what the header says instead, if valid
+    QSize claimed = {};  ///< what the header says instead, if valid
     QByteArray bad = {}; ///< the chunk with a wrong checksum
 };
 

@@ -144,7 +144,7 @@ void tst_StateFiles::oddFilesGiveDefaultsAtOnce()
                                              {"binary", QByteArray(5000, '\x9c')},
                                              {"array", "[[[[1]]]]"},
                                              {"large", QByteArray(100 * 1024 * 1024, 'x')}};
-    for (const QString name : {path("state.json"), path("preferences.json")}) {
+    for (const QString &name : {path("state.json"), path("preferences.json")}) {
         QVERIFY(QFile::remove(name));
         if (contents.contains(kind))
             QVERIFY(TestFiles::make(name, contents.value(kind)));
