@@ -20,6 +20,8 @@ class Desktop:
         self.manager_home = tempfile.TemporaryDirectory()  # it writes a log of its own
         self.manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL,
                                         env=dict(self.environment, HOME=self.manager_home.name))
+        # A window that is there before its manager gets no focus.
+        self.wait_for("the window manager", self.is_managed)
         return self
 
     def __exit__(self, *_):
@@ -27,6 +29,11 @@ class Desktop:
             process.terminate()
             process.wait(timeout=WAIT)
         self.manager_home.cleanup()
+
+    def is_managed(self):
+        done = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], text=True,
+                              env=self.environment, capture_output=True)
+        return "window id" in done.stdout
 
     def start(self, program):
         return subprocess.Popen([program], env=self.environment)
