@@ -16,7 +16,7 @@ void begin(int *argc, char **argv, bool widgets)
             std::fprintf(stderr, "%s\n", qPrintable(text));
     });
     // Never deleted: libFuzzer leaves by exit(), after which nothing can be taken down in order.
-    static QCoreApplication *application = nullptr;
+    [[maybe_unused]] static QCoreApplication *application = nullptr;
     if (widgets) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         application = new QApplication(*argc, argv);
