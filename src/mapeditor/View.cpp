@@ -61,10 +61,9 @@ void View::setMap(const QPointer<Map> &map)
     if (m_map) {
         if (const auto tileSet = m_map->tileSet()) {
             connect(tileSet, &TileSet::tileChanged, m_grid, &MapGrid::tileMapChanged);
-            connect(tileSet, &TileSet::structureChanged, m_grid, &MapGrid::tileMapChanged);
-            connect(tileSet, &TileSet::restored, m_grid, &MapGrid::tileMapChanged);
             // Inserted and deleted tiles renumber cells, and tell no picture.
             connect(tileSet, &TileSet::structureChanged, m_grid, &MapGrid::tileMapChanged);
+            connect(tileSet, &TileSet::restored, m_grid, &MapGrid::tileMapChanged);
         }
         for (TileMap *layer : {m_map->tileLayer().data(), m_map->objectLayer().data()}) {
             if (layer)
