@@ -1,6 +1,7 @@
 #include "control/DocumentTabView.h"
 
 #include "mapeditor/View.h"
+#include "uikit/PlainText.h"
 
 #include <QTabBar>
 
@@ -47,7 +48,7 @@ void DocumentTabView::addDocument(QWidget *view, DocumentType type, const QUuid 
     // Before the tab exists: the first one is current at once, and says so.
     view->setProperty(IdProperty, id);
     view->setProperty(TypeProperty, static_cast<int>(type));
-    setCurrentIndex(addTab(view, text));
+    setCurrentIndex(addTab(view, PlainText::label(text)));
 }
 
 int DocumentTabView::indexOfDocument(const QUuid &id) const

@@ -27,7 +27,7 @@ public:
     explicit DocumentTabView(QWidget *parent = nullptr);
     ~DocumentTabView() override;
 
-    /// Adds a tab for a document and makes it current.
+    /// Adds a tab for a document and makes it current. It shows @p text as it is.
     void addDocument(QWidget *view, DocumentType type, const QUuid &id, const QString &text);
 
     /// The tab of a document, or -1.

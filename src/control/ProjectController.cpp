@@ -19,11 +19,12 @@ ProjectController::~ProjectController() = default;
 
 int ProjectController::askAboutChanges(const QString &name)
 {
-    const auto button = QMessageBox::warning(
-        m_mainWindow, tr("Unsaved Changes"),
-        tr("Save the changes to %1 before closing it?").arg(name),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
-    switch (button) {
+    QMessageBox box(QMessageBox::Warning, tr("Unsaved Changes"),
+                    tr("Save the changes to %1 before closing it?").arg(name),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, m_mainWindow);
+    box.setDefaultButton(QMessageBox::Save);
+    box.setTextFormat(Qt::PlainText);
+    switch (box.exec()) {
     case QMessageBox::Save:
         return SaveChanges;
     case QMessageBox::Discard:

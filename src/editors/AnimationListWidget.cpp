@@ -1,5 +1,6 @@
 #include "editors/AnimationListWidget.h"
 
+#include "uikit/PlainText.h"
 #include "uikit/ThemedIcon.h"
 
 #include <QAction>
@@ -12,7 +13,6 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
-#include <QTextDocument>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -49,8 +49,7 @@ public:
         if (event->type() != QEvent::ToolTip)
             return QStyledItemDelegate::helpEvent(event, view, option, index);
         const QString name = index.data(Qt::ToolTipRole).toString();
-        QToolTip::showText(event->globalPos(),
-                           Qt::mightBeRichText(name) ? name.toHtmlEscaped() : name, view);
+        QToolTip::showText(event->globalPos(), PlainText::toolTip(name), view);
         return true;
     }
 };

@@ -12,6 +12,7 @@
 #include "model/SpriteBank.h"
 #include "model/TileAnimation.h"
 #include "model/TileSet.h"
+#include "uikit/PlainText.h"
 #include "uikit/ScrollBar.h"
 #include "uikit/WaitCursor.h"
 
@@ -364,7 +365,7 @@ void View::updateTabText(QString text)
 {
     for (QWidget *ancestor = parentWidget(); ancestor; ancestor = ancestor->parentWidget()) {
         if (auto *const tabs = qobject_cast<QTabWidget *>(ancestor)) {
-            tabs->setTabText(tabs->indexOf(this), text);
+            tabs->setTabText(tabs->indexOf(this), PlainText::label(text));
             return;
         }
     }

@@ -3,6 +3,7 @@
 #include "dialogs/ProjectDialog.h"
 #include "menus/MenuDialogs.h"
 #include "model/Project.h"
+#include "uikit/PlainText.h"
 #include "uikit/ThemedIcon.h"
 
 #include <QFileDialog>
@@ -106,9 +107,9 @@ void FileMenu::rebuildRecent()
     }
     for (const QString &path : std::as_const(m_recent)) {
         const QString name = QFileInfo(path).fileName();
-        QAction *action = m_recentMenu->addAction(MenuDialogs::menuText(name));
+        QAction *action = m_recentMenu->addAction(PlainText::label(name));
         action->setProperty(FilePathProperty, path);
-        action->setToolTip(QDir::toNativeSeparators(path).toHtmlEscaped());
+        action->setToolTip(PlainText::toolTip(QDir::toNativeSeparators(path)));
         connect(action, &QAction::triggered, this, &FileMenu::openRecent);
     }
     m_recentMenu->addSeparator();

@@ -49,12 +49,6 @@ std::optional<QString> singleFile(const QFileDialog *dialog)
     return files.first();
 }
 
-QString menuText(const QString &name)
-{
-    QString text = name;
-    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
-}
-
 void warnOfFailedExport(QMenu *menu)
 {
     QMessageBox::warning(parentFor(menu), QStringLiteral("Save Error"),

@@ -32,9 +32,6 @@ QFileDialog *makeFileDialog(QMenu *menu, const FileQuestion &question);
 /// The answer if it is exactly one file.
 std::optional<QString> singleFile(const QFileDialog *dialog);
 
-/// @p name as a menu shows it: every ampersand is its own and none marks a key.
-QString menuText(const QString &name);
-
 /// The box that tells that an export failed. Returns when it is answered.
 void warnOfFailedExport(QMenu *menu);
 

@@ -4,6 +4,7 @@
 #include "menus/MenuDialogs.h"
 #include "model/Palette.h"
 #include "model/Project.h"
+#include "uikit/PlainText.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -50,7 +51,7 @@ QPointer<Palette> PaletteMenu::palette() const
 void PaletteMenu::showName()
 {
     const QPointer<Palette> active = palette();
-    m_nameAction->setText(active ? MenuDialogs::menuText(active->name()) : tr("No Palette"));
+    m_nameAction->setText(active ? PlainText::label(active->name()) : tr("No Palette"));
     m_nameAction->setVisible(!active.isNull());
     m_exportAction->setEnabled(!active.isNull());
 }

@@ -17,6 +17,7 @@ private slots:
     void isSetUpForDocuments();
     void aSingleTabStillShowsItsBar();
     void aDocumentBearsItsIdAndType();
+    void aNameIsShownWithItsAmpersands();
     void activationNamesTheDocument_data();
     void activationNamesTheDocument();
     void theFirstTabIsAnnouncedToo();
@@ -72,6 +73,16 @@ void tst_DocumentTabView::aDocumentBearsItsIdAndType()
     QCOMPARE(m_tabs->tabText(0), QString("text"));
     QCOMPARE(m_tabs->scratchEditor()->property("document_type").toInt(), 1);
     QVERIFY(!m_tabs->scratchEditor()->property("document_id").isValid());
+}
+
+void tst_DocumentTabView::aNameIsShownWithItsAmpersands()
+{
+    auto *const plain = new QWidget;
+    m_tabs->addDocument(plain, Type::Map, m_first, "Salt & Pepper");
+
+    // Two of them show one, and none marks a key.
+    QCOMPARE(m_tabs->tabText(0), QString("Salt && Pepper"));
+    QVERIFY(QKeySequence::mnemonic(m_tabs->tabText(0)).isEmpty());
 }
 
 void tst_DocumentTabView::activationNamesTheDocument_data()

@@ -6,10 +6,12 @@
 #include "support/FileDialogs.h"
 #include "support/TestFiles.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 class tst_ProjectController : public QObject
 {
@@ -48,6 +50,7 @@ private slots:
     void aFailedSaveAsRestoresTheFileName();
     void aCleanProjectMayClose();
     void thePromptNamesTheProject();
+    void thePromptTakesNoNameForMarkup();
     void thePromptAnswers_data();
     void thePromptAnswers();
     void closingWithSaveButACancelledFileDialogIsRefused();
@@ -540,6 +543,24 @@ void tst_ProjectController::thePromptNamesTheProject()
     QCOMPARE(boxes.buttons().first(),
              QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
     QCOMPARE(boxes.defaults().first(), QMessageBox::Save);
+}
+
+void tst_ProjectController::thePromptTakesNoNameForMarkup()
+{
+    const ProjectController fresh(m_window.get(), m_fileMenu.get());
+    Qt::TextFormat format = Qt::AutoText;
+    QString shown;
+    QTimer::singleShot(0, m_window.get(), [&format, &shown] {
+        auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        format = box->textFormat();
+        shown = box->text();
+        box->close();
+    });
+
+    QCOMPARE(fresh._unsavedPrompt("<h1>Rescue</h1>"), 2);
+
+    QCOMPARE(format, Qt::PlainText);
+    QCOMPARE(shown, QString("Save the changes to <h1>Rescue</h1> before closing it?"));
 }
 
 void tst_ProjectController::thePromptAnswers_data()

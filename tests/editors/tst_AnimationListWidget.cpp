@@ -516,7 +516,7 @@ void tst_AnimationListWidget::toolTipsShowNamesAsPlainText()
     QHelpEvent event(QEvent::ToolTip, position, view->mapToGlobal(position));
     QCoreApplication::sendEvent(view, &event);
 
-    QCOMPARE(QToolTip::text(), QString("&lt;b&gt;bold&lt;/b&gt;"));
+    QCOMPARE(QToolTip::text(), QString("<p>&lt;b&gt;bold&lt;/b&gt;</p>"));
     QToolTip::hideText();
 }
 

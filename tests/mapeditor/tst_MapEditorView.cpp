@@ -328,6 +328,8 @@ void tst_MapEditorView::theTabFollowsTheNameOfTheMap()
     m_map->setName(QStringLiteral("Cave"));
 
     QCOMPARE(tabs.tabText(0), QStringLiteral("Cave"));
+    m_map->setName(QStringLiteral("Salt & Pepper"));
+    QCOMPARE(tabs.tabText(0), QStringLiteral("Salt && Pepper"));
 }
 
 void tst_MapEditorView::tilesUnderPlacedObjectsAreCleared()

@@ -149,6 +149,7 @@ void tst_FileMenu::ampersandsInFileNamesAreShown()
     m_menu->setRecent({"/games/salt & pepper.tessaril"});
 
     QCOMPARE(recentTexts().at(0), QString("salt && pepper.tessaril"));
+    QCOMPARE(recentMenu()->actions().at(0)->toolTip(), QString("/games/salt & pepper.tessaril"));
 }
 
 void tst_FileMenu::recentHoldsTenProjects()
