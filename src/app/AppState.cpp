@@ -40,7 +40,10 @@ AppState::AppState(QObject *parent)
     QDir home(QDir::homePath());
     home.mkpath(folder);
     m_directory.setPath(home.canonicalPath());
-    m_directory.cd(folder);
+    // A folder that could not be made is kept all the same: its files fail, and none lands beside
+    // it.
+    if (!m_directory.cd(folder))
+        m_directory.setPath(home.filePath(folder));
     // Where Qt's file dialog keeps its history: nothing is written outside this folder.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_directory.path());
 }

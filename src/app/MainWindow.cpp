@@ -250,7 +250,9 @@ void MainWindow::closeEvent(QCloseEvent *event)
 
 void MainWindow::readState()
 {
-    if (m_state.load()) {
+    const bool isStateRead = m_state.load();
+    m_preferences.restore(m_state.loadPreferences());
+    if (isStateRead) {
         if (!m_state.windowState.isEmpty())
             restoreState(m_state.windowState);
         if (!m_state.windowGeometry.isEmpty())
@@ -261,7 +263,6 @@ void MainWindow::readState()
             m_menuBar.fileMenu()->setLastPath(m_state.lastPath);
     }
     m_tilePicker.setZoom(m_state.tileZoom);
-    m_preferences.restore(m_state.loadPreferences());
 }
 
 void MainWindow::writeState()

@@ -14,6 +14,7 @@ class tst_AppState : public QObject
 private slots:
     void init();
     void makesItsFolderBelowTheHomeDirectory();
+    void withoutItsFolderNothingIsWrittenElsewhere();
     void aFirstRunWarnsAndKeepsTheDefaults();
     void writesAllFiveKeys();
     void readsBackWhatItWrote();
@@ -37,6 +38,7 @@ private:
 
 void tst_AppState::init()
 {
+    QFile::remove(QDir::homePath() + "/.config");
     QVERIFY(QDir(QDir::homePath() + "/.config").removeRecursively());
 }
 
@@ -61,6 +63,20 @@ void tst_AppState::makesItsFolderBelowTheHomeDirectory()
     QVERIFY(QDir(QDir::homePath() + "/.config/tessaril").exists());
     QVERIFY(state.save());
     QVERIFY(QFile::exists(path("state.json")));
+}
+
+void tst_AppState::withoutItsFolderNothingIsWrittenElsewhere()
+{
+    QVERIFY(QFile(QDir::homePath() + "/.config").open(QIODevice::WriteOnly));
+    const QStringList before = QDir::home().entryList(QDir::Files | QDir::Hidden);
+    const AppState state;
+    QTest::ignoreMessage(QtWarningMsg, "Open state.json failed");
+    QTest::ignoreMessage(QtWarningMsg, "Failed to open settings json file");
+
+    QVERIFY(!state.save());
+    QVERIFY(!state.savePreferences(QJsonDocument(QJsonObject{{"general", QJsonObject()}})));
+
+    QCOMPARE(QDir::home().entryList(QDir::Files | QDir::Hidden), before);
 }
 
 void tst_AppState::aFirstRunWarnsAndKeepsTheDefaults()
