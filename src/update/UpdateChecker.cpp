@@ -33,7 +33,7 @@ void UpdateChecker::fetch()
     request.setHeader(
         QNetworkRequest::UserAgentHeader,
         QStringLiteral("Tessaril/%1 (+%2)").arg(m_version, QStringLiteral(TESSARIL_WEB_ADDRESS)));
-    request.setTransferTimeout(TransferTimeoutMs);
+    request.setTransferTimeout(m_timeoutMs);
     m_reply = m_network->get(request);
     m_reply->setReadBufferSize(MaxFeedSize + 1);
     connect(m_reply, &QNetworkReply::finished, this, &UpdateChecker::replyFinished);

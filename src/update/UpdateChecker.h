@@ -30,6 +30,9 @@ public:
     /// The build's own address unless told otherwise.
     void setFeedAddress(const QUrl &address) { m_feedAddress = address; }
 
+    /// The longest silence of the server, in milliseconds; TransferTimeoutMs unless told otherwise.
+    void setTransferTimeout(int timeoutMs) { m_timeoutMs = timeoutMs; }
+
     void fetch();
 
 signals:
@@ -43,6 +46,7 @@ private:
 
     QString m_version;
     QUrl m_feedAddress;
+    int m_timeoutMs = TransferTimeoutMs;
     // Made at the first request: it costs the start of the program more than all the rest of this.
     std::unique_ptr<QNetworkAccessManager> m_network;
     QPointer<QNetworkReply> m_reply;

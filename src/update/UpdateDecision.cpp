@@ -6,12 +6,28 @@
 namespace {
 
 const QString Stable = QStringLiteral("stable");
+constexpr qsizetype MaxText = 100; // letters
 
 int minimumDays(const QString &interval)
 {
     if (interval == QLatin1String("daily"))
         return 1;
     return interval == QLatin1String("monthly") ? 28 : 7;
+}
+
+/// What is shown and kept of a text that may hold anything: one line, not too long.
+QString shortLine(const QString &text)
+{
+    QString line = text.left(MaxText);
+    for (QChar &letter : line) {
+        const auto category = letter.category();
+        if (category == QChar::Other_Control || category == QChar::Separator_Line ||
+            category == QChar::Separator_Paragraph)
+            letter = QLatin1Char(' ');
+    }
+    if (!line.isEmpty() && line.back().isHighSurrogate())
+        line.chop(1);
+    return line;
 }
 
 } // namespace
@@ -49,8 +65,8 @@ std::optional<Update::Release> Update::releaseOf(const QByteArray &feed)
     const auto text = [&object](const char *key) {
         return object.value(QLatin1String(key)).toString();
     };
-    return Release{text("latest"), text("channel"), text("released"), text("notes_url"),
-                   text("downloads_url")};
+    return Release{shortLine(text("latest")), shortLine(text("channel")),
+                   shortLine(text("released")), text("notes_url"), text("downloads_url")};
 }
 
 bool Update::isOffer(const Release &release, const Build &build, const QString &skippedVersion)

@@ -1,12 +1,6 @@
 #include "Sweep.h"
 
-#include "model/Image.h"
-#include "model/Map.h"
-#include "model/Palette.h"
 #include "model/Project.h"
-#include "model/SpriteBank.h"
-#include "model/Tile.h"
-#include "model/TileSet.h"
 #include "store/ProjectStore.h"
 #include "support/ProjectDifferences.h"
 #include "support/TestFiles.h"
@@ -77,36 +71,10 @@ Entries richEntries()
     return project.archiveEntries(true);
 }
 
-QImage noise(QSize size, QRandomGenerator *random)
-{
-    QImage image(size, QImage::Format_Indexed8);
-    image.setColorCount(256);
-    for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x)
-            image.scanLine(y)[x] = static_cast<uchar>(random->bounded(16));
-    }
-    return image;
-}
-
-/// A game of 512 tiles, 128 sprites, a level of 128 by 96 cells and a title picture.
 Entries largeEntries()
 {
-    QRandomGenerator random(5);
     Project project;
-    TestProjects::fill(&project);
-    const auto palette = project.createPalette(CreateDefault, QStringLiteral("Night"));
-    const auto tiles = project.createTileSet(QStringLiteral("World"), palette->id(), 512);
-    for (int i = 0; i < tiles->count(); ++i)
-        tiles->tile(i)->setImage(noise({8, 8}, &random));
-    const auto bank =
-        project.createSpriteBank(Tessaril::Sprite::EightBit, QStringLiteral("Cast"), palette->id());
-    bank->setStrip(noise({16, 128 * 16}, &random));
-    const auto map = project.createMap(QStringLiteral("World"), tiles->id(), {128, 96});
-    for (int i = 0; i < 128 * 96; ++i)
-        map->tileLayer()->setCell({i % 128, i / 128}, {random.bounded(512)});
-    project
-        .createImage(Tessaril::ImageMode::Layer2_256x192, QStringLiteral("Title"), palette->id())
-        ->setImage(noise({256, 192}, &random));
+    TestProjects::fillLarge(&project);
     return project.archiveEntries(true);
 }
 

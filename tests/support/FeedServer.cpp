@@ -1,6 +1,7 @@
 #include "support/FeedServer.h"
 
 #include <QTcpSocket>
+#include <QTimer>
 
 FeedServer::FeedServer(QObject *parent)
     : QTcpServer(parent)
@@ -44,6 +45,10 @@ void FeedServer::serve(QTcpSocket *socket)
     m_requests.append(request);
     if (m_manner == Manner::Silent)
         return;
+    if (m_manner == Manner::Trickle) {
+        trickle(socket);
+        return;
+    }
 
     socket->write(m_answer);
     if (m_manner == Manner::Answer) {
@@ -62,4 +67,18 @@ void FeedServer::flood(QTcpSocket *socket)
         return;
     const QByteArray block(64 * 1024, ' ');
     m_sent += socket->write(block);
+}
+
+void FeedServer::trickle(QTcpSocket *socket)
+{
+    auto *const timer = new QTimer(socket);
+    connect(timer, &QTimer::timeout, socket, [this, socket, sent = qsizetype(0)]() mutable {
+        if (sent == m_answer.size()) {
+            socket->disconnectFromHost();
+            return;
+        }
+        m_sent += socket->write(m_answer.mid(sent++, 1));
+        socket->flush();
+    });
+    timer->start(m_pauseMs);
 }

@@ -13,6 +13,7 @@
 #include <QBuffer>
 #include <QDataStream>
 #include <QJsonDocument>
+#include <QRandomGenerator>
 
 namespace TestProjects {
 
@@ -134,6 +135,17 @@ void fillMap(Project *project, TileSet *tileSet, SpriteBank *bank, TileAnimation
                       1, 5, 6, 0, "Walker"}});
 }
 
+QImage noise(QSize size, QRandomGenerator *random)
+{
+    QImage image(size, QImage::Format_Indexed8);
+    image.setColorCount(256);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            image.scanLine(y)[x] = static_cast<uchar>(random->bounded(16));
+    }
+    return image;
+}
+
 } // namespace
 
 void fill(Project *project)
@@ -152,6 +164,25 @@ void fill(Project *project)
     Image *image = project->createImage(Tessaril::ImageMode::LoRes_128x96, QStringLiteral("Title"),
                                         palette->id());
     image->setImage(pattern({128, 96}, 40));
+}
+
+void fillLarge(Project *project)
+{
+    QRandomGenerator random(5);
+    fill(project);
+    const auto palette = project->createPalette(CreateDefault, QStringLiteral("Night"));
+    const auto tiles = project->createTileSet(QStringLiteral("World"), palette->id(), 512);
+    for (int i = 0; i < tiles->count(); ++i)
+        tiles->tile(i)->setImage(noise({8, 8}, &random));
+    const auto bank = project->createSpriteBank(Tessaril::Sprite::EightBit, QStringLiteral("Cast"),
+                                                palette->id());
+    bank->setStrip(noise({16, 128 * 16}, &random));
+    const auto map = project->createMap(QStringLiteral("World"), tiles->id(), {128, 96});
+    for (int i = 0; i < 128 * 96; ++i)
+        map->tileLayer()->setCell({i % 128, i / 128}, {random.bounded(512)});
+    project
+        ->createImage(Tessaril::ImageMode::Layer2_256x192, QStringLiteral("Title"), palette->id())
+        ->setImage(noise({256, 192}, &random));
 }
 
 Project::EntryReader reader(const Entries &entries)

@@ -12,6 +12,10 @@ using Entries = QMap<QString, QByteArray>;
 /// Fills a project with every kind of document, and no field at its default.
 void fill(Project *project);
 
+/// Adds to what fill() makes a game of 512 tiles, 128 sprites, a level of 128 by 96 cells and a
+/// title picture, all noise.
+void fillLarge(Project *project);
+
 /// Reads from a map of entries as from an archive.
 Project::EntryReader reader(const Entries &entries);
 

@@ -17,6 +17,8 @@ private slots:
     void aFeedWithoutOwnEntryHasNoRelease_data();
     void aFeedWithoutOwnEntryHasNoRelease();
     void valuesOfAnotherTypeReadAsEmpty();
+    void textsAreOneShortLine_data();
+    void textsAreOneShortLine();
     void offersOnlyWhatIsNewerAndWanted_data();
     void offersOnlyWhatIsNewerAndWanted();
 };
@@ -125,6 +127,32 @@ void tst_UpdateDecision::valuesOfAnotherTypeReadAsEmpty()
 
     QVERIFY(release.has_value());
     QCOMPARE(*release, Release());
+}
+
+void tst_UpdateDecision::textsAreOneShortLine_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("read");
+    const QString most(100, u'v');
+    QTest::newRow("the longest") << most << most;
+    QTest::newRow("longer") << most + "v" << most;
+    QTest::newRow("lines") << QStringLiteral("1\n2\r3\u20284\t") << "1 2 3 4 ";
+    QTest::newRow("half a letter")
+        << most.chopped(1) + QStringLiteral("\U0001F3AE") << most.chopped(1);
+}
+
+void tst_UpdateDecision::textsAreOneShortLine()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, read);
+    const QJsonObject entry{{"latest", text}, {"released", text}, {"notes_url", text}};
+    const QJsonObject feed{{"tools", QJsonObject{{"tessaril", entry}}}};
+
+    const auto release = Update::releaseOf(QJsonDocument(feed).toJson());
+
+    QCOMPARE(release->version, read);
+    QCOMPARE(release->released, read);
+    QCOMPARE(release->notes, text);
 }
 
 void tst_UpdateDecision::offersOnlyWhatIsNewerAndWanted_data()
