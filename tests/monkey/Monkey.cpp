@@ -39,7 +39,7 @@ const QStringList Unrecorded = {QStringLiteral("Copy to new"),
                                 QStringLiteral("Import"),
                                 QStringLiteral("Add a new animation"),
                                 QStringLiteral("Clone"),
-                                QStringLiteral("Delete the animation"),
+                                QStringLiteral("Delete the selected animation"),
                                 QStringLiteral("Reset")};
 
 bool startsWithOneOf(QString text, const QStringList &beginnings)
