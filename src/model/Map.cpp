@@ -62,6 +62,13 @@ Map::Map(const QString &name, QObject *parent)
 {
 }
 
+Map::~Map()
+{
+    // They are not its children, so the map has to end them itself.
+    delete m_tileLayer;
+    delete m_objectLayer;
+}
+
 void Map::setTileSet(const QPointer<TileSet> &tileSet)
 {
     if (m_tileSet)
@@ -84,13 +91,11 @@ void Map::setTileSet(const QPointer<TileSet> &tileSet)
 void Map::setTileLayer(TileMap *layer)
 {
     m_tileLayer = layer;
-    layer->setParent(this);
 }
 
 void Map::setObjectLayer(TileMap *layer)
 {
     m_objectLayer = layer;
-    layer->setParent(this);
 }
 
 void Map::resize(QSize size, Qt::Alignment alignment)

@@ -16,8 +16,8 @@ class TileSet;
 
 /// A document: a level of two tile layers, placed block animations and placed sprites.
 ///
-/// The layers are made elsewhere and bound here; the map becomes their parent. Sizes count cells;
-/// placed sprites are positioned in map pixels, 8 to a cell.
+/// The layers are made elsewhere, children of the project like the map, and bound here; they end
+/// with the map. Sizes count cells; placed sprites are positioned in map pixels, 8 to a cell.
 class Map : public QObject
 {
     Q_OBJECT
@@ -70,6 +70,7 @@ public:
 
     /// A map without layers; @p parent is the project.
     explicit Map(const QString &name, QObject *parent = nullptr);
+    ~Map() override;
 
     QUuid id() const { return m_id; }
     void setId(const QUuid &id) { m_id = id; }

@@ -70,8 +70,7 @@ void MapObjects::setTileSet(QPointer<TileSet> tiles)
     if (!tiles)
         return;
 
-    if (!tiles->blockLists().contains(m_id))
-        tiles->addBlockList(m_id, this);
+    tiles->addBlockList(m_id, this);
     // Unique, as swapping twice for one move would swap nothing.
     connect(tiles, &TileSet::tileSwapped, this, &MapObjects::swapTiles, Qt::UniqueConnection);
 }

@@ -95,6 +95,10 @@ QPointer<SpriteAnim> SpriteBank::createAnimation()
 void SpriteBank::addAnimation(SpriteAnim *animation)
 {
     animation->setParent(this);
+    // Two animations of a damaged file may bear one id: the later one replaces the earlier.
+    const QPointer<SpriteAnim> earlier = m_animations.value(animation->id());
+    if (earlier && earlier != animation)
+        delete earlier;
     m_animations.insert(animation->id(), animation);
     emit animationsChanged();
 }

@@ -68,7 +68,8 @@ private slots:
     void signalsAndSlotsStandInTheAgreedOrder();
     void namesSendOnlyWhenTheyDiffer();
     void settingsSendNothing();
-    void layersBecomeChildren();
+    void layersKeepTheirParentAndEndWithTheMap();
+    void aLayerMayEndBeforeTheMap();
     void bindingASetBindsBothLayers();
     void bindingASetWithoutALayerWarns();
     void deletedTilesRenumberBothLayers();
@@ -162,12 +163,34 @@ void tst_Map::settingsSendNothing()
     QCOMPARE(renamed.count() + resized.count() + restored.count(), 0);
 }
 
-void tst_Map::layersBecomeChildren()
+void tst_Map::layersKeepTheirParentAndEndWithTheMap()
 {
-    const auto map = TestMaps::map({2, 2}, nullptr);
+    QObject project;
+    auto map = std::make_unique<Map>(QStringLiteral("level"));
+    const QPointer<TileMap> tileLayer = new TileMap({2, 2}, &project);
+    const QPointer<TileMap> objectLayer = new TileMap({2, 2}, &project);
 
-    QCOMPARE(map->tileLayer()->parent(), map.get());
-    QCOMPARE(map->objectLayer()->parent(), map.get());
+    map->setTileLayer(tileLayer);
+    map->setObjectLayer(objectLayer);
+
+    QCOMPARE(tileLayer->parent(), &project);
+    QCOMPARE(objectLayer->parent(), &project);
+    map.reset();
+    QVERIFY(tileLayer.isNull());
+    QVERIFY(objectLayer.isNull());
+}
+
+void tst_Map::aLayerMayEndBeforeTheMap()
+{
+    Map map(QStringLiteral("level"));
+    auto project = std::make_unique<QObject>();
+    map.setTileLayer(new TileMap({2, 2}, project.get()));
+    map.setObjectLayer(new TileMap({2, 2}, project.get()));
+
+    project.reset();
+
+    QVERIFY(map.tileLayer().isNull());
+    QVERIFY(map.objectLayer().isNull());
 }
 
 void tst_Map::bindingASetBindsBothLayers()

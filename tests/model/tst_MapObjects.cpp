@@ -44,6 +44,7 @@ private slots:
     void removingAnUnknownIdSendsNothing();
     void aLaterAnimationOfOneIdReplacesTheEarlier();
     void bindingASetEntersTheListThere();
+    void aLaterListOfOneIdIsEnteredInItsPlace();
     void bindingNothingLeavesTheOldSetAlone();
     void swappingTilesSwapsIndicesInEveryFrameSilently();
     void theTileSetsSwapsReachTheCells();
@@ -154,6 +155,20 @@ void tst_MapObjects::bindingASetEntersTheListThere()
     QCOMPARE(list.tileSet(), &tiles);
     QCOMPARE(tiles.blockLists().size(), 1);
     QCOMPARE(tiles.blockLists().value(list.id()), &list);
+}
+
+void tst_MapObjects::aLaterListOfOneIdIsEnteredInItsPlace()
+{
+    TileSet tiles(nullptr, 4);
+    auto earlier = std::make_unique<MapObjects>();
+    earlier->setTileSet(&tiles);
+    MapObjects later;
+    later.setId(earlier->id());
+
+    later.setTileSet(&tiles);
+    earlier.reset();
+
+    QCOMPARE(tiles.blockLists().value(later.id()), &later);
 }
 
 void tst_MapObjects::bindingNothingLeavesTheOldSetAlone()

@@ -343,6 +343,8 @@ void tst_Project::createMapMakesBothLayers()
 
     QCOMPARE(map->name(), QStringLiteral("Level"));
     QCOMPARE(map->tileSet(), tiles);
+    QCOMPARE(map->tileLayer()->parent(), m_project.get());
+    QCOMPARE(map->objectLayer()->parent(), m_project.get());
     QCOMPARE(map->tileLayer()->size(), QSize(7, 5));
     QCOMPARE(map->objectLayer()->size(), QSize(7, 5));
     QVERIFY(map->tileLayer()->isVisible());

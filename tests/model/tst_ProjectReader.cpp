@@ -310,6 +310,8 @@ void tst_ProjectReader::aMapTakesItsDefaults()
     QVERIFY(!map->objectLayer()->isVisible());
     QVERIFY(map->isSpriteLayerVisible());
     QCOMPARE(map->backgroundTileIndex(), -1);
+    QCOMPARE(map->tileLayer()->parent(), m_project.get());
+    QCOMPARE(map->objectLayer()->parent(), m_project.get());
     QCOMPARE(map->objectLayer()->size(), QSize(2, 2));
     QCOMPARE(map->tileLayer()->cell({1, 1}).index, 3);
     QVERIFY(map->tileLayer()->cell({1, 1}).occupied);

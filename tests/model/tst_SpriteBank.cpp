@@ -30,6 +30,7 @@ private slots:
     void spritesAreCopies();
     void createsAnimationsWithOneFrame();
     void entersAndRemovesAnimations();
+    void aLaterAnimationOfOneIdReplacesTheEarlier();
     void restoresStripAndAnimations();
     void restoringKeepsThePalettesColours();
     void animationsWithoutAStateBecomeEmpty();
@@ -226,6 +227,22 @@ void tst_SpriteBank::entersAndRemovesAnimations()
     QVERIFY(animation.isNull());
     QVERIFY(bank.animation(id).isNull());
     QCOMPARE(log.sent, QStringList({"animations", "animations"}));
+}
+
+void tst_SpriteBank::aLaterAnimationOfOneIdReplacesTheEarlier()
+{
+    SpriteBank bank(Sprite::EightBit);
+    const QPointer<SpriteAnim> earlier = bank.createAnimation();
+    auto *later = new SpriteAnim(&bank);
+    later->setId(earlier->id());
+
+    bank.addAnimation(later);
+
+    QVERIFY(earlier.isNull());
+    QCOMPARE(bank.animations().size(), 1);
+    QCOMPARE(bank.animation(later->id()), later);
+    bank.addAnimation(later);
+    QCOMPARE(bank.animation(later->id()), later);
 }
 
 void tst_SpriteBank::restoresStripAndAnimations()
