@@ -12,12 +12,14 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
+#include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
 
 namespace {
 
 constexpr int FileIconSide = 18; // pixels
+constexpr int MinShown = 100;    // pixels of the window, at its upper edge
 
 Update::Build runningBuild()
 {
@@ -257,12 +259,29 @@ void MainWindow::readState()
             restoreState(m_state.windowState);
         if (!m_state.windowGeometry.isEmpty())
             restoreGeometry(m_state.windowGeometry);
+        bringToScreen();
         if (!m_state.recent.isEmpty())
             m_menuBar.fileMenu()->setRecent(m_state.recent);
         if (!m_state.lastPath.isEmpty())
             m_menuBar.fileMenu()->setLastPath(m_state.lastPath);
     }
     m_tilePicker.setZoom(m_state.tileZoom);
+}
+
+/// A geometry from another screen may leave nothing of the window in sight that could be taken hold
+/// of.
+void MainWindow::bringToScreen()
+{
+    if (isMaximized() || isFullScreen())
+        return;
+    const QRect frame = frameGeometry();
+    const auto screens = QGuiApplication::screens();
+    for (const QScreen *const screen : screens) {
+        const QRect part = frame & screen->availableGeometry();
+        if (part.top() == frame.top() && part.width() >= MinShown && part.height() >= MinShown)
+            return;
+    }
+    move(screen()->availableGeometry().topLeft());
 }
 
 void MainWindow::writeState()

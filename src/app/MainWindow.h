@@ -77,6 +77,7 @@ private:
     void projectOpened(Project *project);
     void showTile(int step);
     void readState();
+    void bringToScreen();
     void writeState();
     void persistPreferences();
     void checkForUpdates(UpdateController::Origin origin);

@@ -9,9 +9,13 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 constexpr const char *FilePathProperty = "filePath";
+// A list from a damaged file may hold any number, and each item takes its time.
+constexpr qsizetype MaxShown = 100;
 
 } // namespace
 
@@ -105,7 +109,7 @@ void FileMenu::rebuildRecent()
         m_recentMenu->addAction(tr("None"))->setEnabled(false);
         return;
     }
-    for (const QString &path : std::as_const(m_recent)) {
+    for (const QString &path : m_recent.first(std::min(m_recent.size(), MaxShown))) {
         const QString name = QFileInfo(path).fileName();
         QAction *action = m_recentMenu->addAction(PlainText::label(name));
         action->setProperty(FilePathProperty, path);

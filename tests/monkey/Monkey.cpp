@@ -133,6 +133,10 @@ bool Monkey::isAllowed(const QWidget *widget) const
 
 bool Monkey::isAllowed(const QAction *action) const
 {
+    const QObject *const menu = action->parent();
+    if (m_reach == Reach::Editors && menu && menu->parent() &&
+        menu->parent()->inherits("AnimationEditor::AnimationListWidget"))
+        return false; // Its "Delete" is not recorded, that of sprites and tiles is.
     return action->isEnabled() && action->isVisible() && !action->isSeparator() &&
            !startsWithOneOf(action->text(), Forbidden) &&
            (m_reach == Reach::Everything || !startsWithOneOf(action->text(), Unrecorded));
