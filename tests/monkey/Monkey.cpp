@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -68,6 +69,13 @@ Monkey::Monkey(MainWindow *window, quint32 seed, Reach reach)
     m_answering.setInterval(1);
     connect(&m_answering, &QTimer::timeout, this, &Monkey::answer);
     m_answering.start();
+}
+
+Monkey::~Monkey()
+{
+    // Qt forgets what it keeps of a dock's drag unless a release ends it.
+    for (QDockWidget *const dock : m_window->findChildren<QDockWidget *>())
+        sendMouse(dock, QEvent::MouseButtonRelease, {}, Qt::LeftButton, Qt::NoButton, {});
 }
 
 void Monkey::act()

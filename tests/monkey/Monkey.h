@@ -27,6 +27,8 @@ public:
     };
 
     Monkey(MainWindow *window, quint32 seed, Reach reach);
+    /// Lets go of what is still being dragged.
+    ~Monkey() override;
 
     void act();
     /// The latest actions, one a line.
