@@ -96,8 +96,11 @@ void readPlaced(const QJsonObject &object, Map *map)
 /// Makes the two layers from the map's entry and binds them.
 void readLayers(const QJsonObject &object, const TileMapData::Block &block, Map *map)
 {
-    auto *tileLayer = new TileMap(QSize(0, 0), map->parent());
-    tileLayer->setTiles(block.rows);
+    // Without rows there is none that tells the width.
+    const bool hasRows = !block.rows.isEmpty();
+    auto *tileLayer = new TileMap(hasRows ? QSize(0, 0) : block.size, map->parent());
+    if (hasRows)
+        tileLayer->setTiles(block.rows);
     tileLayer->setVisible(object.value("tileLayerVisible"_L1).toBool(true));
     auto *objectLayer = new TileMap(block.size, map->parent());
     objectLayer->setVisible(object.value("objectLayerVisible"_L1).toBool(false));

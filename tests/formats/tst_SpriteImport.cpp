@@ -48,6 +48,7 @@ private slots:
     void differentSquaresBecomeSpritesInTheirOrder();
     void theBlankSpriteOfANewBankTakesTheFirstSquare();
     void thePalettesColoursAreThoseOfTheSheet();
+    void theSpritesComeBeforeTheirColours();
     void ownPaletteComesBeforeTheBankAndBothBearTheBaseName();
     void aSheetThatCannotBeReadLeavesABlankPaletteAndBank();
     void aProjectPaletteIsMatchedAndKeepsEverySquare();
@@ -154,6 +155,20 @@ void tst_SpriteImport::thePalettesColoursAreThoseOfTheSheet()
     expected.setColour(1, QColor(TestImages::colour(1)));
     QCOMPARE(outcome.bank->palette()->colours(), expected.colours());
     QCOMPARE(outcome.bank->image().colorTable(), expected.colourTable());
+}
+
+void tst_SpriteImport::theSpritesComeBeforeTheirColours()
+{
+    Project project;
+    QStringList order;
+    connect(&project, &Project::spritesCreated, this, [&](const QPointer<SpriteBank> &bank) {
+        connect(bank, &SpriteBank::imageChanged, this, [&] { order += "sprite"; });
+        connect(bank->palette(), &Palette::colourChanged, this, [&] { order += "colour"; });
+    });
+
+    importSheet(&project, nullptr, savedSheet(sheet(1, 1, false)), ImagePalette, QUuid());
+
+    QCOMPARE(order, QStringList({"sprite", "colour", "colour"}));
 }
 
 void tst_SpriteImport::ownPaletteComesBeforeTheBankAndBothBearTheBaseName()

@@ -55,6 +55,7 @@ private slots:
     void settingTheSameSizeSendsNothing();
     void growingKeepsCellsAndShrinkingLosesThem();
     void removingAFrameSendsFrameThenContent();
+    void removingALaterFrameTellsTheFirstToo();
     void removingTheOnlyFrameLeavesABlankOneWithANewId();
     void removingOutOfRangeDoesNothing();
     void anEditedFrameTellsItsPosition();
@@ -186,6 +187,20 @@ void tst_Animation::removingAFrameSendsFrameThenContent()
 
     QVERIFY(first.isNull());
     QCOMPARE(animation.frames(), QList<QPointer<AnimationFrame>>{second});
+    QCOMPARE(log.lines, (QStringList{"frame 0", "content"}));
+}
+
+void tst_Animation::removingALaterFrameTellsTheFirstToo()
+{
+    PlainAnimation animation;
+    const QPointer<AnimationFrame> first = animation.addFrame();
+    const QPointer<AnimationFrame> second = animation.addFrame();
+    const SignalLog log(&animation);
+
+    animation.removeFrame(1);
+
+    QVERIFY(second.isNull());
+    QCOMPARE(animation.frames(), QList<QPointer<AnimationFrame>>{first});
     QCOMPARE(log.lines, (QStringList{"frame 0", "content"}));
 }
 

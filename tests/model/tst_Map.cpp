@@ -78,6 +78,7 @@ private slots:
     void resizingWithoutALayerWarnsAndSendsNothing();
     void resizingWithoutAnObjectLayer();
     void resizingMovesLayersSpritesAndBlocks();
+    void resizedIsSentWhenAllHasMoved();
     void resizingToTheRightMovesSpritesAlong();
     void resizingToWhatIsNotAllowedDoesNothing();
     void aBlockCutByAShrinkIsRemovedAndCleared();
@@ -90,6 +91,7 @@ private slots:
     void shiftingWithoutLayersRemovesAll();
     void addedAnimationsBelongToTheList();
     void restoredAnimationsClearTheTilesAndStamp();
+    void everyListWithTheIdStamps();
     void restoredAnimationsReachOnlyIntoTheMap();
     void theNullIdIsNeverStamped();
     void stampsTurnsAndOffsets();
@@ -303,6 +305,27 @@ void tst_Map::resizingMovesLayersSpritesAndBlocks()
     QCOMPARE(resized.at(0).at(0).value<QPointer<Map>>(), map.get());
 }
 
+void tst_Map::resizedIsSentWhenAllHasMoved()
+{
+    const auto map = TestMaps::map({2, 2}, nullptr);
+    map->addAnimation({QUuid::createUuid(), {0, 0, 1, 1}, 0, 0, 0});
+    map->setSprites({spriteAt(0, 0)});
+    QList<QRect> blocks;
+    QList<QPoint> sprites;
+    QSize objectSize;
+    connect(map.get(), &Map::resized, this, [&](const QPointer<Map> &resized) {
+        blocks = placedRects(*resized);
+        sprites = positions(*resized);
+        objectSize = resized->objectLayer()->size();
+    });
+
+    map->resize({3, 3}, Qt::AlignRight | Qt::AlignBottom);
+
+    QCOMPARE(blocks, (QList<QRect>{{1, 1, 1, 1}}));
+    QCOMPARE(sprites, (QList<QPoint>{{8, 8}}));
+    QCOMPARE(objectSize, QSize(3, 3));
+}
+
 void tst_Map::resizingToTheRightMovesSpritesAlong()
 {
     const auto map = TestMaps::map({7, 1}, nullptr);
@@ -473,6 +496,23 @@ void tst_Map::restoredAnimationsClearTheTilesAndStamp()
     QCOMPARE(indices(*map->objectLayer()), (Indices{{0, 0, 0}, {0, 1, 2}}));
     QVERIFY(map->objectLayer()->cell({1, 1}).occupied);
     QVERIFY(!map->objectLayer()->cell({0, 0}).occupied);
+}
+
+void tst_Map::everyListWithTheIdStamps()
+{
+    const auto map = TestMaps::map({2, 1}, nullptr);
+    MapObjects wide;
+    MapObjects narrow;
+    const QUuid id = countedAnimation(&wide, {2, 1})->id();
+    auto *twin = new TileAnimation(&narrow);
+    twin->setId(id);
+    twin->addFrame()->setCell({0, 0}, {.index = 9});
+    narrow.addAnimation(twin);
+    map->addAnimation({id, {0, 0, 2, 1}, 0, 0, 0});
+
+    map->restoreAnimations({&wide, &narrow});
+
+    QCOMPARE(indices(*map->objectLayer()), (Indices{{9, 2}}));
 }
 
 void tst_Map::restoredAnimationsReachOnlyIntoTheMap()

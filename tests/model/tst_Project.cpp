@@ -28,6 +28,8 @@ private slots:
 
     void createdPalettesAreAnnouncedInOrder();
     void createdTileSetsAndBlocksAreAnnouncedInOrder();
+    void announcedDocumentsAreEntered();
+    void messagesAreSentWhenTheDocumentIsEntered();
     void createPaletteCopiesTheWordsOnly();
     void createPaletteFillsByAction_data();
     void createPaletteFillsByAction();
@@ -228,6 +230,51 @@ void tst_Project::createdTileSetsAndBlocksAreAnnouncedInOrder()
     QCOMPARE(order,
              (Strings{"New palette added: Rocks", "palette", "names", "New tile set added: Rocks",
                       "tile set", "New block set added: Doors", "blocks"}));
+}
+
+void tst_Project::announcedDocumentsAreEntered()
+{
+    Project *project = m_project.get();
+    QStringList found;
+    const auto note = [&found](const auto &announced, const auto &entered) {
+        found += announced && announced == entered ? announced->name() : QString();
+    };
+    connect(project, &Project::paletteCreated, this,
+            [&](const QPointer<Palette> &each) { note(each, project->palette(each->id())); });
+    connect(project, &Project::tilesetCreated, this,
+            [&](const QPointer<TileSet> &each) { note(each, project->tileSet(each->id())); });
+    connect(project, &Project::blocksCreated, this,
+            [&](const QPointer<MapObjects> &each) { note(each, project->blocks(each->id())); });
+    connect(project, &Project::mapCreated, this,
+            [&](const QPointer<Map> &each) { note(each, project->map(each->id())); });
+    connect(project, &Project::spritesCreated, this,
+            [&](const QPointer<SpriteBank> &each) { note(each, project->spriteBank(each->id())); });
+    connect(project, &Project::imageCreated, this,
+            [&](const QPointer<Image> &each) { note(each, project->image(each->id())); });
+
+    const QUuid palette = project->createPalette(CreateBlank, "palette")->id();
+    const QUuid tiles = project->createTileSet("tiles", palette, 1)->id();
+    project->createBlockList("blocks", tiles);
+    project->createMap("map", tiles, {1, 1});
+    project->createSpriteBank(Tessaril::Sprite::FourBit, "bank", palette);
+    project->createImage(Tessaril::ImageMode::LoRes_128x96, "image", palette);
+
+    QCOMPARE(found, (Strings{"palette", "tiles", "blocks", "map", "bank", "image"}));
+}
+
+void tst_Project::messagesAreSentWhenTheDocumentIsEntered()
+{
+    Project *project = m_project.get();
+    QList<qsizetype> counts; // of palettes, tile sets and block lists
+    connect(project, qOverload<QString, int>(&Project::showMessage), this, [&] {
+        counts << project->palettes().size() << project->tileSets().size()
+               << project->mapObjects().size();
+    });
+
+    const auto tiles = project->createTileSet("tiles", QUuid(), 1);
+    project->createBlockList("blocks", tiles->id());
+
+    QCOMPARE(counts, (QList<qsizetype>{1, 0, 0, 1, 1, 0, 1, 1, 1}));
 }
 
 void tst_Project::createPaletteCopiesTheWordsOnly()

@@ -30,6 +30,7 @@ private slots:
 
     void aRichProjectReadsBackWhole();
     void documentsAreAnnouncedInTheOrderOfLoading();
+    void announcedDocumentsAreEnteredAndBound();
     void anEmptyObjectTakesAllDefaults();
     void textThatIsNotJsonIsAnEmptyProject();
     void aPaletteTakesItsDefaults();
@@ -38,6 +39,8 @@ private slots:
     void tilesWinOverOffsets();
     void aTileSetWithoutTilesNeedsNoPicture();
     void aMapTakesItsDefaults();
+    void aMapWithoutCellsKeepsItsSize_data();
+    void aMapWithoutCellsKeepsItsSize();
     void emptyPlacedBlocksAreSkippedAndEmptySpritesKept();
     void aSpriteBankTakesItsDefaults();
     void aBlockListTakesItsDefaults();
@@ -199,6 +202,30 @@ void tst_ProjectReader::documentsAreAnnouncedInTheOrderOfLoading()
     QCOMPARE(created.count(), 0);
 }
 
+void tst_ProjectReader::announcedDocumentsAreEnteredAndBound()
+{
+    const Entries entries = richEntries();
+    QStringList found; // with each message
+    connect(m_project.get(), qOverload<QString, int>(&Project::showMessage), this, [&] {
+        const auto tileSets = m_project->tileSets();
+        found += QStringLiteral("%1 palettes, %2 sets, %3 maps, %4 banks, %5 lists%6")
+                     .arg(m_project->palettes().size())
+                     .arg(tileSets.size())
+                     .arg(m_project->maps().size())
+                     .arg(m_project->spriteBanks().size())
+                     .arg(m_project->mapObjects().size())
+                     .arg(!tileSets.isEmpty() && tileSets.first()->palette() ? ", bound" : "");
+    });
+
+    QVERIFY(load(entries));
+
+    QCOMPARE(found, (QStringList{"1 palettes, 0 sets, 0 maps, 0 banks, 0 lists",
+                                 "1 palettes, 1 sets, 0 maps, 0 banks, 0 lists, bound",
+                                 "1 palettes, 1 sets, 1 maps, 0 banks, 0 lists, bound",
+                                 "1 palettes, 1 sets, 1 maps, 1 banks, 0 lists, bound",
+                                 "1 palettes, 1 sets, 1 maps, 1 banks, 1 lists, bound"}));
+}
+
 void tst_ProjectReader::anEmptyObjectTakesAllDefaults()
 {
     QVERIFY(load(QJsonObject()));
@@ -316,6 +343,27 @@ void tst_ProjectReader::aMapTakesItsDefaults()
     QCOMPARE(map->tileLayer()->cell({1, 1}).index, 3);
     QVERIFY(map->tileLayer()->cell({1, 1}).occupied);
     QCOMPARE(map->tileLayer()->tileSet(), m_project->tileSet(QUuid(Id)));
+}
+
+void tst_ProjectReader::aMapWithoutCellsKeepsItsSize_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("no row") << QSize(12, 0);
+    QTest::newRow("no column") << QSize(0, 12);
+    QTest::newRow("neither") << QSize(0, 0);
+}
+
+void tst_ProjectReader::aMapWithoutCellsKeepsItsSize()
+{
+    QFETCH(QSize, size);
+    Entries entries = mapEntries();
+    entries[MapName] = TestProjects::tileMap(size.height(), size.width());
+
+    QVERIFY(load(entries));
+
+    const auto map = m_project->map(QUuid(OtherId));
+    QCOMPARE(map->tileLayer()->size(), size);
+    QCOMPARE(map->objectLayer()->size(), size);
 }
 
 void tst_ProjectReader::emptyPlacedBlocksAreSkippedAndEmptySpritesKept()

@@ -26,6 +26,7 @@ private slots:
     void deletingTakesOneSpriteOut_data();
     void deletingTakesOneSpriteOut();
     void deletingRenumbersTheCellsOfAllFrames();
+    void listenersOfADeletionFindAllRenumbered();
     void deletingOutOfRangeDoesNothing_data();
     void deletingOutOfRangeDoesNothing();
     void movingUpSwapsNeighbours();
@@ -137,6 +138,22 @@ void tst_SpriteBankOrder::deletingRenumbersTheCellsOfAllFrames()
     QCOMPARE(second->frame(0)->cell({0, 1}).index, 3);
     QCOMPARE(second->frame(0)->cell({0, 0}).index, 0);
     QCOMPARE(frameChanged.count(), 0);
+}
+
+void tst_SpriteBankOrder::listenersOfADeletionFindAllRenumbered()
+{
+    SpriteBank bank(Sprite::EightBit);
+    TestSprites::fill(bank, 3);
+    const QPointer<SpriteAnim> animation = bank.createAnimation();
+    animation->frame(0)->setCell({0, 0}, {2, 0, false, false, false});
+    QList<QSize> found; // count and index
+    const auto look = [&] { found << QSize(bank.count(), animation->frame(0)->cell({}).index); };
+    connect(&bank, &SpriteBank::spriteDeleted, this, look);
+    connect(&bank, &SpriteBank::countChanged, this, look);
+
+    bank.deleteSprite(1);
+
+    QCOMPARE(found, QList<QSize>(2, QSize(2, 1)));
 }
 
 void tst_SpriteBankOrder::deletingOutOfRangeDoesNothing_data()

@@ -33,6 +33,7 @@ private slots:
     void theTypesKeepTheirNumbers();
     void settingTheTypeAlwaysSendsContentChanged();
     void restoringPutsTheTypeBackToo();
+    void listenersFindTheTypePutBack();
     void withoutFramesOrSetTheThumbnailIsDark();
     void aTallThumbnailIsCentred();
     void aWideThumbnailIsCentred();
@@ -89,6 +90,22 @@ void tst_TileAnimation::restoringPutsTheTypeBackToo()
     QVERIFY(animation.tileState() == state);
     QCOMPARE(animation.type(), MapObjectType::HorizontalPlatform);
     QCOMPARE(content.count(), 1);
+}
+
+void tst_TileAnimation::listenersFindTheTypePutBack()
+{
+    TileAnimation animation(nullptr);
+    animation.setMapObjectType(MapObjectType::HorizontalPlatform);
+    const TileAnimation::State state = animation.tileState();
+    animation.setMapObjectType(MapObjectType::Normal);
+    QList<MapObjectType> found;
+    const auto look = [&] { found << animation.type(); };
+    connect(&animation, &TileAnimation::sizeChanged, this, look);
+    connect(&animation, &TileAnimation::contentChanged, this, look);
+
+    animation.restoreTileState(state);
+
+    QCOMPARE(found, QList<MapObjectType>(2, MapObjectType::HorizontalPlatform));
 }
 
 void tst_TileAnimation::withoutFramesOrSetTheThumbnailIsDark()
@@ -174,7 +191,9 @@ void tst_TileAnimation::theThumbnailTurnsAndColoursTheTile()
 void tst_TileAnimation::theThumbnailIsScaledIntoTheSize()
 {
     TileSet tiles(nullptr, 1);
-    tiles.tile(0)->setImage(plainTile(5));
+    QImage tile = plainTile(5);
+    tile.setPixel(7, 7, 9);
+    tiles.tile(0)->setImage(tile);
     TileAnimation animation(nullptr);
     animation.setTileSet(&tiles);
     animation.addFrame();
@@ -182,7 +201,9 @@ void tst_TileAnimation::theThumbnailIsScaledIntoTheSize()
     const QImage image = animation.thumbnail({64, 32});
 
     QCOMPARE(image.size(), QSize(32, 32));
-    QCOMPARE(image.pixel(31, 31), qRgb(5, 0, 0));
+    QCOMPARE(image.pixel(31, 31), qRgb(9, 0, 0));
+    QCOMPARE(image.pixel(28, 28), qRgb(9, 0, 0)); // sharp to the edge
+    QCOMPARE(image.pixel(27, 27), qRgb(5, 0, 0));
 }
 
 void tst_TileAnimation::anIndexOutOfRangeStillDraws()

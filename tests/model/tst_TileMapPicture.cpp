@@ -94,6 +94,8 @@ private slots:
     void fillingEqualsAFreshDrawing();
     void changesThrowThePictureAway_data();
     void changesThrowThePictureAway();
+    void listenersFindThePictureOfTheNewRows();
+    void listenersFindThePictureOfTheSwappedTiles();
     void deletingTheFirstTileShowsItsSuccessor();
     void aRedrawnPictureKeepsNothingOfTheLast();
     void aChangedTileIsDrawnAnew();
@@ -234,6 +236,35 @@ void tst_TileMapPicture::changesThrowThePictureAway()
 
     QVERIFY(whole(map) != before);
     QCOMPARE(whole(map), plainlyDrawn(map));
+}
+
+void tst_TileMapPicture::listenersFindThePictureOfTheNewRows()
+{
+    TestMaps::PlainTiles tiles(4);
+    TileMap map({1, 1});
+    map.setTileSet(tiles.set.get());
+    QCOMPARE(pixelOf(map, {0, 0}), 0);
+    int shown = -1;
+    connect(&map, &TileMap::tilesChanged, this, [&] { shown = pixelOf(map, {0, 0}); });
+
+    map.setTiles({{cell(3)}});
+
+    QCOMPARE(shown, 3);
+}
+
+void tst_TileMapPicture::listenersFindThePictureOfTheSwappedTiles()
+{
+    TestMaps::PlainTiles tiles(4);
+    TileMap map({2, 1});
+    map.setTileSet(tiles.set.get());
+    map.setTiles({{cell(1), cell(2)}});
+    QCOMPARE(pixelOf(map, {0, 0}), 1);
+    int shown = -1;
+    connect(&map, &TileMap::tilesChanged, this, [&] { shown = pixelOf(map, {0, 0}); });
+
+    emit tiles.set->tileSwapped(1, 2); // the tiles themselves stay, so the cells show the other
+
+    QCOMPARE(shown, 2);
 }
 
 void tst_TileMapPicture::deletingTheFirstTileShowsItsSuccessor()
