@@ -43,4 +43,14 @@ void LayoutController::resetLayout()
         dock->setFloating(false);
     for (DockWidget *const dock : all)
         dock->setVisible(true);
+    shareRoom();
+}
+
+void LayoutController::shareRoom()
+{
+    constexpr int PickerHeight = 120; // pixels: two rows of tiles
+    const auto width = [](const DockWidget *dock) { return dock->sizeHint().width(); };
+    m_window->resizeDocks({m_docks.project, m_docks.tile},
+                          {width(m_docks.project), width(m_docks.tile)}, Qt::Horizontal);
+    m_window->resizeDocks({m_docks.tilePicker}, {PickerHeight}, Qt::Vertical);
 }

@@ -31,6 +31,10 @@ public slots:
     /// Every dock in its place of the beginning, shown. The tile picker is not taken out before.
     void resetLayout();
 
+    /// Gives the docks the room that their content needs and the documents all the rest. Without
+    /// it docks grow with the names in their titles. Counts only once the window is shown.
+    void shareRoom();
+
 private:
     QMainWindow *m_window;
     Docks m_docks;

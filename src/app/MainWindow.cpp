@@ -229,6 +229,7 @@ void MainWindow::showEvent(QShowEvent *event)
 {
     if (m_isFirstShow) {
         m_isFirstShow = false;
+        m_layoutController.shareRoom();
         readState();
         m_menuBar.viewMenu()->setChecked(ViewMenu::CheckableItem::StatusBar,
                                          statusBar()->isVisibleTo(this));

@@ -1,9 +1,8 @@
 #include "control/DocumentTabView.h"
 
+#include "control/DocumentTabBar.h"
 #include "mapeditor/View.h"
 #include "uikit/PlainText.h"
-
-#include <QTabBar>
 
 #include <utility>
 
@@ -16,8 +15,10 @@ constexpr auto IdProperty = "document_id";
 
 DocumentTabView::DocumentTabView(QWidget *parent)
     : QTabWidget(parent)
+    , m_bar(new DocumentTabBar(this))
     , m_scratchEditor(this)
 {
+    setTabBar(m_bar);
     setTabsClosable(true);
     setDocumentMode(true);
     setElideMode(Qt::ElideRight);

@@ -6,6 +6,8 @@
 #include <QTabWidget>
 #include <QUuid>
 
+class DocumentTabBar;
+
 namespace MapEditor {
 class View;
 }
@@ -68,6 +70,7 @@ protected:
 private:
     void noteScratchEditor();
 
+    DocumentTabBar *m_bar; // made before the scratch editor, also for the tab order
     ImageEditor::View m_scratchEditor;
     bool m_isScratchShown = false;
 };

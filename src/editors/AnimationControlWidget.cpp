@@ -1,5 +1,6 @@
 #include "editors/AnimationControlWidget.h"
 
+#include "uikit/FlowLayout.h"
 #include "uikit/ThemedIcon.h"
 
 #include <QAction>
@@ -46,20 +47,20 @@ AnimationControlWidget::AnimationControlWidget(QWidget *parent)
     , m_label(new QLabel)
 {
     m_label->setAlignment(Qt::AlignCenter);
-    auto *row = new QHBoxLayout;
-    row->setSpacing(0);
-    row->addStretch();
+    // One row, centred, or more in a narrow tab.
+    auto *rows = new FlowLayout;
+    rows->setSpacing(GroupGap);
+    QHBoxLayout *group = nullptr;
     for (int i = First; i <= PingPong; ++i) {
         const auto action = static_cast<Action>(i);
-        if (action == Add || action == Loop)
-            row->addSpacing(GroupGap);
-        addButton(row, action);
+        if (action == First || action == Add || action == Loop)
+            group = addGroup(rows);
+        addButton(group, action);
     }
-    row->addStretch();
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_label);
-    layout->addLayout(row);
+    layout->addLayout(rows);
 
     auto *playModes = new QActionGroup(this);
     playModes->addAction(m_actions.value(Loop));
@@ -67,6 +68,16 @@ AnimationControlWidget::AnimationControlWidget(QWidget *parent)
     m_actions.value(Loop)->setChecked(true);
     m_actions.value(PingPong)->setEnabled(false);
     setFrame(m_current, m_count);
+}
+
+QHBoxLayout *AnimationControlWidget::addGroup(FlowLayout *rows)
+{
+    auto *group = new QWidget;
+    auto *row = new QHBoxLayout(group);
+    row->setSpacing(0);
+    row->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(group);
+    return row;
 }
 
 void AnimationControlWidget::addButton(QHBoxLayout *row, Action action)

@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QWidget>
 
+class FlowLayout;
 class QAction;
 class QHBoxLayout;
 class QLabel;
@@ -44,6 +45,7 @@ signals:
     void buttonClicked(AnimationControlWidget::Action action, bool checked);
 
 private:
+    static QHBoxLayout *addGroup(FlowLayout *rows);
     void addButton(QHBoxLayout *row, Action action);
 
     int m_current = 1;

@@ -1,6 +1,7 @@
 #include "editors/BlockEditorToolBar.h"
 
 #include "editors/MapObjectTypeCombo.h"
+#include "uikit/FillingFlowLayout.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -10,9 +11,8 @@
 
 namespace {
 
-// In a narrow tab the type gives way, so that the name can be read.
 constexpr int LeastNameWidth = 100; // pixels
-constexpr int LeastTypeWidth = 80;  // pixels
+constexpr int Gap = 6;              // pixels, between fields and between rows
 
 void showValue(QSpinBox *spin, int value)
 {
@@ -27,16 +27,19 @@ BlockEditorToolBar::BlockEditorToolBar(QWidget *parent)
     , m_name(new QLineEdit)
     , m_type(new MapObjectTypeCombo)
 {
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    // A narrow tab has several rows of them.
+    auto *rows = new FillingFlowLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(Gap);
+    QHBoxLayout *const name = rows->addGroup();
     auto *nameLabel = new QLabel(tr("Name"));
     nameLabel->setBuddy(m_name);
     m_name->setAccessibleName(tr("Name"));
     m_name->setMinimumWidth(LeastNameWidth);
-    m_type->setMinimumWidth(LeastTypeWidth);
-    row->addWidget(nameLabel);
-    row->addWidget(m_name, 1);
-    row->addWidget(m_type);
+    name->addWidget(nameLabel);
+    name->addWidget(m_name, 1);
+    rows->addWidget(m_type);
+    QHBoxLayout *const row = rows->addGroup();
     m_width = addSpin(row, tr("W:"), 1, MaxSide);
     m_width->setToolTip(tr("Set the frame width in tiles"));
     m_width->setAccessibleName(tr("Width in tiles"));

@@ -1,6 +1,7 @@
 #include "editors/SpriteEditorToolBar.h"
 
 #include "model/Animation.h"
+#include "uikit/FillingFlowLayout.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -10,15 +11,24 @@
 
 namespace SpriteEditor {
 
+namespace {
+
+constexpr int Gap = 6; // pixels, between fields and between rows
+
+} // namespace
+
 ToolBar::ToolBar(QWidget *parent)
     : QWidget(parent)
     , m_name(new QLineEdit)
 {
     m_name->setPlaceholderText(tr("Enter a name..."));
     m_name->setAccessibleName(tr("Name"));
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(m_name, 1);
+    // A narrow tab has two rows of them.
+    auto *rows = new FillingFlowLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(Gap);
+    rows->addWidget(m_name);
+    QHBoxLayout *const row = rows->addGroup();
     m_width = addSpin(row, tr("W:"), 1, MaxSide);
     m_width->setAccessibleName(tr("Width in sprites"));
     m_height = addSpin(row, tr("H:"), 1, MaxSide);

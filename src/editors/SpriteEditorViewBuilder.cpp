@@ -22,7 +22,7 @@ namespace {
 constexpr int PaneMargin = 2;     // pixels
 constexpr int PaletteWidth = 37;  // pixels: one column of tools
 constexpr int ListWidth = 230;    // pixels, at first
-constexpr int MinListWidth = 190; // pixels: an icon and a line of text
+constexpr int MinListWidth = 130; // pixels: an icon and a few words beside it
 constexpr int ListMode = AnimationListWidget::WithButtons | AnimationListWidget::WithMenu |
                          AnimationListWidget::WithText;
 constexpr int RowStretch = 10;

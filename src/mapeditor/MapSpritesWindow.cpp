@@ -2,6 +2,9 @@
 
 #include "mapeditor/SpriteAnimSelector.h"
 
+#include <QResizeEvent>
+#include <QScrollArea>
+
 MapSpritesWindow::MapSpritesWindow(QWidget *parent)
     : DockWidget(parent)
     , m_selector(new SpriteAnimSelector)
@@ -10,6 +13,7 @@ MapSpritesWindow::MapSpritesWindow(QWidget *parent)
     setWindowTitle(tr("Map Sprites"));
     setPlaceholderText(tr("No sprite banks"));
     setContentWidget(m_selector);
+    scrollArea()->viewport()->installEventFilter(this);
     connect(m_selector, &SpriteAnimSelector::selectionChanged, this,
             &MapSpritesWindow::selectionChanged);
     connect(m_selector, &SpriteAnimSelector::spriteChosen, this, &MapSpritesWindow::spriteChosen);
@@ -18,4 +22,11 @@ MapSpritesWindow::MapSpritesWindow(QWidget *parent)
 void MapSpritesWindow::setBanks(const QList<QPointer<SpriteBank>> &banks)
 {
     m_selector->setBanks(banks);
+}
+
+bool MapSpritesWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize)
+        m_selector->setRoom(static_cast<QResizeEvent *>(event)->size());
+    return DockWidget::eventFilter(watched, event);
 }

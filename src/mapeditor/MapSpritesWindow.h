@@ -25,6 +25,10 @@ signals:
     void selectionChanged(QPointer<SpriteAnim> animation);
     void spriteChosen(QUuid bankId, int index);
 
+protected:
+    /// Lets the selector use the room that the dock has.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     SpriteAnimSelector *m_selector;
 };

@@ -9,9 +9,12 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int IconSide = 32;    // pixels
+constexpr int LeastList = 80;   // pixels in height: a row and a little of the next
 constexpr int ReadOnlyMode = 0; // of the animation list
 
 } // namespace
@@ -116,6 +119,39 @@ void SpriteAnimSelector::updateAnimations()
     fillSprites(bank);
     m_spritesLabel->setVisible(bank != nullptr);
     m_sprites->setVisible(bank != nullptr);
+    fitRoom();
+}
+
+void SpriteAnimSelector::setRoom(QSize room)
+{
+    if (room == m_room)
+        return;
+
+    m_room = room;
+    fitRoom();
+}
+
+void SpriteAnimSelector::fitRoom()
+{
+    if (m_room.isEmpty())
+        return;
+
+    QList<QWidget *> lists;
+    int left = m_room.height();
+    for (QWidget *const part : QList<QWidget *>{m_bankCombo, m_animationsLabel, m_animations,
+                                                m_empty, m_spritesLabel, m_sprites}) {
+        if (part->isHidden())
+            continue;
+        left -= part == m_bankCombo ? 0 : layout()->spacing();
+        part->setFixedWidth(m_room.width());
+        if (part == m_animations || part == m_sprites)
+            lists.append(part);
+        else
+            left -= part->sizeHint().height();
+    }
+    for (QWidget *const list : std::as_const(lists))
+        list->setFixedHeight(std::max(left / static_cast<int>(lists.size()), LeastList));
+    layout()->activate();
 }
 
 void SpriteAnimSelector::fillSprites(const SpriteBank *bank)
@@ -124,8 +160,9 @@ void SpriteAnimSelector::fillSprites(const SpriteBank *bank)
     const int row = m_sprites->currentRow();
     m_sprites->clear();
     for (int i = 0; bank && i < bank->count(); ++i) {
-        const QPixmap icon = QPixmap::fromImage(bank->spriteImage(i, 0, false, false, false))
-                                 .scaled(IconSide, IconSide);
+        QPixmap icon = QPixmap::fromImage(bank->spriteImage(i, 0, false, false, false))
+                           .scaled(QSize(IconSide, IconSide) * devicePixelRatioF());
+        icon.setDevicePixelRatio(devicePixelRatioF());
         m_sprites->addItem(new QListWidgetItem(QIcon(icon), QString::number(i)));
     }
     if (row < m_sprites->count())

@@ -28,6 +28,10 @@ public:
     /// Offers @p banks and keeps the bank of the same name chosen.
     void setBanks(const QList<QPointer<SpriteBank>> &banks);
 
+    /// The size that the lists share with the fields above them, in pixels. They keep a height at
+    /// which they can be used, so that the selector can be higher than its room.
+    void setRoom(QSize room);
+
 signals:
     void selectionChanged(QPointer<SpriteAnim> anim);
     void spriteChosen(QUuid bankId, int index);
@@ -40,6 +44,7 @@ private:
     QList<QPointer<SpriteBank>> livingBanks() const;
     SpriteBank *currentBank() const;
     void fillSprites(const SpriteBank *bank);
+    void fitRoom();
     void animationPicked(Animation *animation);
     void spritePicked(int row);
 
@@ -50,4 +55,5 @@ private:
     QLabel *m_empty;
     QLabel *m_spritesLabel;
     QListWidget *m_sprites;
+    QSize m_room;
 };

@@ -5,22 +5,28 @@
 #include <QScrollBar>
 #include <QStackedWidget>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int PlaceholderPage = 0;
 constexpr int ContentPage = 1;
 constexpr int LowHeight = 400; // pixels, which a dock mostly has
+constexpr int ListWidth = 180; // pixels: the rest of the window is for the documents
 
-/// Asks for room beside the content for the vertical bar, without which that bar would bring the
-/// horizontal one along. Low content needs none.
+/// Asks for the least width of the content, or for that of a list if the content is a list, which
+/// would like more. Beside high content it wants room for the vertical bar, without which that bar
+/// would bring the horizontal one along.
 class ContentArea : public QScrollArea
 {
 public:
     QSize sizeHint() const override
     {
-        const bool isHigh = widget() && widget()->minimumSizeHint().height() > LowHeight;
-        const int barWidth = isHigh ? verticalScrollBar()->sizeHint().width() : 0;
-        return QScrollArea::sizeHint() + QSize(barWidth, 0);
+        const QSize least = widget() ? widget()->minimumSizeHint() : QSize();
+        const int barWidth = verticalScrollBar()->sizeHint().width();
+        QSize size = QScrollArea::sizeHint();
+        size.setWidth(std::min(size.width(), std::max(least.width(), ListWidth)));
+        return least.height() > LowHeight ? size + QSize(barWidth, 0) : size;
     }
 };
 

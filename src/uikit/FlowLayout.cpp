@@ -124,19 +124,25 @@ int FlowLayout::layOut(const QRect &rect, Run run) const
 
     int y = inner.top();
     for (const Row &row : rows) {
-        const int free = inner.width() - rowWidth(row);
-        int x = free > 1 ? inner.left() + free / 2 : inner.left();
         int height = 0;
-        for (QLayoutItem *item : row) {
-            const QSize size = item->sizeHint();
-            if (run == Run::Place)
-                item->setGeometry(QRect(QPoint(x, y), size));
-            x += size.width() + gap();
-            height = std::max(height, size.height());
-        }
+        for (const QLayoutItem *item : row)
+            height = std::max(height, item->sizeHint().height());
+        if (run == Run::Place)
+            place(row, QRect(inner.left(), y, inner.width(), height));
         y += height + gap();
     }
     if (!rows.isEmpty())
         y -= gap();
     return y - rect.top() + margins.bottom();
+}
+
+void FlowLayout::place(const Row &row, const QRect &line) const
+{
+    const int free = line.width() - rowWidth(row);
+    int x = free > 1 ? line.left() + free / 2 : line.left();
+    for (QLayoutItem *item : row) {
+        const QSize size = item->sizeHint();
+        item->setGeometry(QRect(QPoint(x, line.top()), size));
+        x += size.width() + gap();
+    }
 }

@@ -30,13 +30,19 @@ public:
     /// The largest minimum of an item plus the margins.
     QSize minimumSize() const override;
 
-private:
-    enum class Run { Test, Place };
+protected:
     using Row = QList<QLayoutItem *>;
 
-    QList<Row> rowsFor(int availableWidth) const;
+    /// Places the items of a row in @p line, which is as wide as the layout within its margins and
+    /// as high as the row.
+    virtual void place(const Row &row, const QRect &line) const;
     int rowWidth(const Row &row) const;
     int gap() const;
+
+private:
+    enum class Run { Test, Place };
+
+    QList<Row> rowsFor(int availableWidth) const;
     /// The height that the rows take in @p rect, margins included.
     int layOut(const QRect &rect, Run run) const;
 

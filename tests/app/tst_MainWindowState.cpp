@@ -1,11 +1,16 @@
 #include "app/QuietWindow.h"
 #include "dialogs/GeneralPage.h"
 #include "dialogs/MapEditorPage.h"
+#include "model/Palette.h"
+#include "model/Project.h"
+#include "model/TileSet.h"
 
 #include <QFileDialog>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTest>
 
@@ -17,6 +22,8 @@ class tst_MainWindowState : public QObject
 private slots:
     void init();
     void theFirstRunKeepsTheDefaults();
+    void docksKeepTheirSizesWhenAProjectOpens();
+    void resetLayoutBringsTheSizesBack();
     void anUnknownIntervalBecomesWeekly();
     void preferencesReachThePagesAndTheFile();
     void theFolderOfTheOpenDialogIsWrittenAbsolute();
@@ -77,6 +84,47 @@ void tst_MainWindowState::theFirstRunKeepsTheDefaults()
     QCOMPARE(m_window->dockWidgetArea(m_window->views().tilePicker), Qt::BottomDockWidgetArea);
     QCOMPARE(m_window->tabifiedDockWidgets(m_window->views().tileWindow).size(), 2);
     QCOMPARE(m_window->views().preferences->generalPage()->updateInterval(), QString("weekly"));
+}
+
+void tst_MainWindowState::docksKeepTheirSizesWhenAProjectOpens()
+{
+    m_window = std::make_unique<MainWindow>();
+    QCoreApplication::processEvents();
+    const DocumentViews &views = m_window->views();
+    const int listWidth = views.projectWindow->width();
+    const int pickerHeight = views.tilePicker->height();
+    const int tabWidth = views.tabs->width();
+
+    m_window->projectController()->newProject("Moor");
+    Project *const project = m_window->projectController()->project();
+    const auto palette = project->createPalette(CreateDefault, "Moor at Night");
+    const auto tiles = project->createTileSet("A Moor at Night, with Stars", palette->id(), 256);
+    m_window->documentController()->setActiveTileSet(tiles->id());
+    QCoreApplication::processEvents();
+
+    QCOMPARE(views.projectWindow->width(), listWidth);
+    QCOMPARE(views.tilePicker->height(), pickerHeight);
+    QCOMPARE(views.tabs->width(), tabWidth);
+    QVERIFY(tabWidth > 450);
+    views.tileWindow->raise();
+    QCoreApplication::processEvents();
+    QVERIFY(!views.tileWindow->scrollArea()->horizontalScrollBar()->isVisible());
+}
+
+void tst_MainWindowState::resetLayoutBringsTheSizesBack()
+{
+    m_window = std::make_unique<MainWindow>();
+    QCoreApplication::processEvents();
+    DockWidget *const dock = m_window->views().projectWindow;
+    const int width = dock->width();
+    m_window->resizeDocks({dock}, {width + 60}, Qt::Horizontal);
+    QCoreApplication::processEvents();
+    QCOMPARE(dock->width(), width + 60);
+
+    emit m_window->views().menuBar->viewMenu()->resetLayout();
+    QCoreApplication::processEvents();
+
+    QCOMPARE(dock->width(), width);
 }
 
 void tst_MainWindowState::anUnknownIntervalBecomesWeekly()

@@ -1,10 +1,14 @@
 #include "control/DocumentTabView.h"
 #include "mapeditor/View.h"
 
+#include <QApplication>
+#include <QHelpEvent>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QTest>
+#include <QToolButton>
+#include <QToolTip>
 
 using Type = DocumentTabView::DocumentType;
 
@@ -28,6 +32,8 @@ private slots:
     void everyWayOfTheScratchTabIsTold();
     void documentsAreListedInTabOrder();
     void mapViewsAreFound();
+    void manyTabsScrollBeforeTheirTextsAreLost();
+    void aShortenedTextIsWholeInItsToolTip();
     void endsCleanlyWithTheScratchEditorOpen();
 
 private:
@@ -212,6 +218,50 @@ void tst_DocumentTabView::mapViewsAreFound()
     add(Type::Image, m_second);
 
     QCOMPARE(m_tabs->mapViews(), QList<MapEditor::View *>({map}));
+}
+
+void tst_DocumentTabView::manyTabsScrollBeforeTheirTextsAreLost()
+{
+    for (int i = 0; i < 6; ++i) {
+        add(Type::Map, QUuid::createUuid());
+        m_tabs->setTabText(i,
+                           i % 2 ? QStringLiteral("A Rather Long Level") : QStringLiteral("Moor"));
+    }
+    m_tabs->resize(400, 300);
+    m_tabs->show();
+
+    const QTabBar *const bar = m_tabs->tabBar();
+    const QFontMetrics letters = bar->fontMetrics();
+    const int closeButton = bar->tabButton(0, QTabBar::RightSide)->width();
+    for (int i = 0; i < 6; ++i) {
+        const int room = bar->tabRect(i).width() - closeButton;
+        QVERIFY(room > letters.horizontalAdvance(i % 2 ? "A Rather…" : "Moor"));
+    }
+    QVERIFY(bar->tabRect(1).width() < 2 * letters.horizontalAdvance("A Rather Long Level"));
+    QVERIFY(bar->findChild<QToolButton *>()->isVisible());
+}
+
+void tst_DocumentTabView::aShortenedTextIsWholeInItsToolTip()
+{
+    const auto hover = [this](int index) {
+        QTabBar *const bar = m_tabs->tabBar();
+        const QPoint place = bar->tabRect(index).center();
+        QHelpEvent help(QEvent::ToolTip, place, bar->mapToGlobal(place));
+        QApplication::sendEvent(bar, &help);
+        return QToolTip::text();
+    };
+    add(Type::Map, m_first);
+    add(Type::Map, m_second);
+    m_tabs->setTabText(0, "<i>The First Level</i> of a Rather Long Name");
+    m_tabs->setTabText(1, "Moor");
+    m_tabs->resize(900, 300);
+    m_tabs->show();
+    QCOMPARE(hover(0), QString());
+
+    m_tabs->resize(200, 300);
+
+    QCOMPARE(hover(1), QString());
+    QCOMPARE(hover(0), QStringLiteral("&lt;i&gt;The First Level&lt;/i&gt; of a Rather Long Name"));
 }
 
 void tst_DocumentTabView::endsCleanlyWithTheScratchEditorOpen()

@@ -26,6 +26,7 @@ private slots:
     void playAndStopEndAPause();
     void loopingIsTheOnlyPlayMode();
     void groupsStandApartInTheMiddle();
+    void aNarrowOneHasItsGroupsInRows();
     void playModesExcludeEachOther();
 
 private:
@@ -188,15 +189,34 @@ void tst_AnimationControlWidget::groupsStandApartInTheMiddle()
     controls.show();
     QVERIFY(QTest::qWaitForWindowExposed(&controls));
 
+    const auto placeOf = [&controls](int action) {
+        const QToolButton *const one = button(controls, action);
+        return QRect(one->mapTo(&controls, QPoint()), one->size());
+    };
     QList<int> gaps;
     for (int i = Action::First; i < Action::PingPong; ++i)
-        gaps.append(button(controls, i + 1)->x() - button(controls, i)->geometry().right() - 1);
+        gaps.append(placeOf(i + 1).x() - placeOf(i).right() - 1);
     QCOMPARE(gaps, QList<int>({0, 0, 0, 0, 0, 0, 10, 0, 10, 0}));
-    const int left = button(controls, Action::First)->x();
-    const int right = controls.width() - button(controls, Action::PingPong)->geometry().right() - 1;
+    const int left = placeOf(Action::First).x();
+    const int right = controls.width() - placeOf(Action::PingPong).right() - 1;
     QVERIFY(qAbs(left - right) <= 1);
-    QVERIFY(controls.findChild<QLabel *>()->geometry().bottom() <
-            button(controls, Action::First)->y());
+    QVERIFY(controls.findChild<QLabel *>()->geometry().bottom() < placeOf(Action::First).y());
+}
+
+void tst_AnimationControlWidget::aNarrowOneHasItsGroupsInRows()
+{
+    AnimationControlWidget controls;
+    controls.resize(controls.minimumSizeHint());
+    controls.resize(controls.width(), controls.heightForWidth(controls.width()));
+    controls.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&controls));
+
+    QVERIFY(controls.width() < 300);
+    for (int i = Action::First; i <= Action::PingPong; ++i) {
+        const QToolButton *const one = button(controls, i);
+        QVERIFY(controls.rect().contains(QRect(one->mapTo(&controls, QPoint()), one->size())));
+        QCOMPARE(one->visibleRegion(), QRegion(one->rect()));
+    }
 }
 
 void tst_AnimationControlWidget::playModesExcludeEachOther()

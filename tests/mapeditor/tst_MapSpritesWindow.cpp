@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -16,6 +17,8 @@ class tst_MapSpritesWindow : public QObject
 private slots:
     void startsOnItsPlaceholder();
     void repeatsTheSignalsOfItsSelector();
+    void theListsShareTheRoomOfTheDock();
+    void aLowDockScrollsDownAlone();
 };
 
 void tst_MapSpritesWindow::startsOnItsPlaceholder()
@@ -51,6 +54,41 @@ void tst_MapSpritesWindow::repeatsTheSignalsOfItsSelector()
 
     QCOMPARE(animation.count(), 1);
     QCOMPARE(sprite.count(), 1);
+}
+
+void tst_MapSpritesWindow::theListsShareTheRoomOfTheDock()
+{
+    SpriteBank bank(Tessaril::Sprite::EightBit);
+    bank.createAnimation();
+    MapSpritesWindow window;
+    window.setBanks({&bank});
+    window.showContent();
+    for (const QSize size : {QSize(120, 400), QSize(300, 700), QSize(160, 500)}) {
+        window.resize(size);
+        window.show();
+        QCoreApplication::processEvents();
+
+        QCOMPARE(window.scrollArea()->widget()->size(), window.scrollArea()->viewport()->size());
+        QVERIFY(!window.scrollArea()->verticalScrollBar()->isVisible());
+        QVERIFY(!window.scrollArea()->horizontalScrollBar()->isVisible());
+    }
+}
+
+void tst_MapSpritesWindow::aLowDockScrollsDownAlone()
+{
+    SpriteBank bank(Tessaril::Sprite::EightBit);
+    bank.createAnimation();
+    MapSpritesWindow window;
+    window.setBanks({&bank});
+    window.showContent();
+
+    window.resize(160, 150);
+    window.show();
+    QCoreApplication::processEvents();
+
+    QVERIFY(window.scrollArea()->verticalScrollBar()->isVisible());
+    QVERIFY(!window.scrollArea()->horizontalScrollBar()->isVisible());
+    QCOMPARE(window.scrollArea()->widget()->width(), window.scrollArea()->viewport()->width());
 }
 
 QTEST_MAIN(tst_MapSpritesWindow)
