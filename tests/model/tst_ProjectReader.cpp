@@ -45,6 +45,7 @@ private slots:
     void aSpriteBankTakesItsDefaults();
     void aBlockListTakesItsDefaults();
     void anImageTakesItsDefaults();
+    void missingIdsAreNewOrNull();
     void shortCellArraysLeaveZerosAndSurplusIsIgnored();
     void frameIdsAreKeptForBlocksOnly();
     void aNewSpriteAnimationLosesItsFirstFrame();
@@ -311,6 +312,8 @@ void tst_ProjectReader::tilesWinOverOffsets()
     QCOMPARE(tileSet->tile(0)->attributes(), 6);
     QCOMPARE(tileSet->tile(0)->value(), 7);
     QCOMPARE(tileSet->tile(1)->offset(), 0);
+    QCOMPARE(tileSet->tile(1)->attributes(), 0);
+    QCOMPARE(tileSet->tile(1)->value(), 0);
     QCOMPARE(tileSet->tile(2)->offset(), 3);
 }
 
@@ -423,6 +426,39 @@ void tst_ProjectReader::anImageTakesItsDefaults()
     QCOMPARE(image->mode(), Tessaril::ImageMode::Layer2_256x192);
     QVERIFY(!image->palette());
     QCOMPARE(image->image().pixelIndex(3, 3), 15);
+}
+
+void tst_ProjectReader::missingIdsAreNewOrNull()
+{
+    const QJsonObject animation{{"frames", QJsonArray{QJsonObject()}}};
+    QJsonObject root;
+    for (const char *kind : {"palettes", "sprites", "images"})
+        root[QLatin1String(kind)] = QJsonArray{QJsonObject()};
+    root["tilesets"] = QJsonArray{QJsonObject{{"id", Id}, {"count", 1}}, QJsonObject{{"count", 1}}};
+    root["maps"] = QJsonArray{QJsonObject{{"tileset", Id}}};
+    root["mapObjects"] = QJsonArray{QJsonObject{{"animations", QJsonArray{animation}}}};
+    // An entry's name cannot be known before, so every one of a folder is there.
+    const auto read = [json = QJsonDocument(root).toJson()](const QString &name) {
+        if (name == "project.json")
+            return json;
+        if (name.startsWith("tilemap/"))
+            return TestProjects::tileMap(1, 1);
+        return TestProjects::png(name.startsWith("tileset/") ? QSize(8, 8) : QSize(16, 16));
+    };
+
+    QVERIFY2(m_project->load(read, &m_error), qPrintable(m_error));
+
+    QVERIFY(!m_project->palettes().first()->id().isNull());
+    QCOMPARE(m_project->tileSets().size(), 2);
+    for (const auto &tileSet : m_project->tileSets())
+        QVERIFY(!tileSet->id().isNull());
+    QVERIFY(!m_project->maps().first()->id().isNull());
+    QVERIFY(!m_project->spriteBanks().first()->id().isNull());
+    QVERIFY(m_project->images().first()->id().isNull());
+    const auto blocks = m_project->mapObjects().first();
+    QVERIFY(blocks->id().isNull());
+    QVERIFY(blocks->animation(QUuid()));
+    QVERIFY(blocks->animation(QUuid())->frame(0)->id().isNull());
 }
 
 void tst_ProjectReader::shortCellArraysLeaveZerosAndSurplusIsIgnored()

@@ -283,6 +283,7 @@ void tst_ProjectWriter::whatIsNotBoundIsWrittenAsTold()
     project.createSpriteBank(Tessaril::Sprite::EightBit, "bank", QUuid());
     project.createImage(Tessaril::ImageMode::Layer2_256x192, "image", QUuid());
     project.createBlockList("blocks", QUuid());
+    project.addMap(new Map("map", &project));
 
     m_json = TestProjects::json(project.archiveEntries(true));
 
@@ -290,6 +291,7 @@ void tst_ProjectWriter::whatIsNotBoundIsWrittenAsTold()
     QCOMPARE(first("sprites").value("palette"), QJsonValue(QString()));
     QCOMPARE(first("images").value("palette"), QJsonValue(QString()));
     QCOMPARE(first("mapObjects").value("tiles"), QJsonValue(QUuid().toString()));
+    QCOMPARE(first("maps").value("tileset"), QJsonValue("{00000000-0000-0000-0000-000000000000}"));
     QCOMPARE(first("sprites").value("transparency"), QJsonValue(227));
     QCOMPARE(first("sprites").value("offsets").toArray(), QJsonArray{0});
 }
