@@ -3,6 +3,7 @@
 #include "canvas/Canvas.h"
 #include "canvas/CanvasTool.h"
 #include "model/Palette.h"
+#include "uikit/CellPoint.h"
 #include "uikit/PointerKeys.h"
 
 #include <QMouseEvent>
@@ -20,13 +21,6 @@ const QColor GridLineColour = QColor::fromRgba64(0xFFFF, 0xFFFF, 0xFFFF, 0x3030)
 int stepOf(int delta, int step)
 {
     return delta > 0 ? step : delta < 0 ? -step : 0;
-}
-
-/// The widget pixel that a position is in; rounded it would be the next one's where the screen has
-/// several points for a pixel.
-QPoint wholePixel(QPointF position)
-{
-    return {qFloor(position.x()), qFloor(position.y())};
 }
 
 } // namespace
@@ -132,7 +126,7 @@ void Canvas::resizeEvent(QResizeEvent *)
 void Canvas::mousePressEvent(QMouseEvent *event)
 {
     m_buttons = event->buttons();
-    m_lastPixel = pixelAt(wholePixel(event->position()));
+    m_lastPixel = pixelAt(cellPoint(event->position()));
     m_shapeStart = m_lastPixel;
     m_shapeEnd = m_lastPixel;
     if (!image().isNull())
@@ -141,7 +135,7 @@ void Canvas::mousePressEvent(QMouseEvent *event)
 
 void Canvas::mouseMoveEvent(QMouseEvent *event)
 {
-    const QPoint pixel = pixelAt(wholePixel(event->position()));
+    const QPoint pixel = pixelAt(cellPoint(event->position()));
     if (pixel == m_lastPixel)
         return;
     m_lastPixel = pixel;
@@ -156,7 +150,7 @@ void Canvas::mouseMoveEvent(QMouseEvent *event)
 
 void Canvas::mouseReleaseEvent(QMouseEvent *event)
 {
-    m_lastPixel = pixelAt(wholePixel(event->position()));
+    m_lastPixel = pixelAt(cellPoint(event->position()));
     if (!image().isNull())
         m_tool->mouseReleased(event);
     m_buttons = Qt::NoButton;
@@ -165,7 +159,7 @@ void Canvas::mouseReleaseEvent(QMouseEvent *event)
 
 void Canvas::wheelEvent(QWheelEvent *event)
 {
-    if (!m_viewRect.contains(event->position().toPoint())) {
+    if (!m_viewRect.contains(cellPoint(event->position()))) {
         event->ignore();
         return;
     }

@@ -3,6 +3,7 @@
 #include "colour/SwatchGrid.h"
 #include "colour/SwatchPainting.h"
 #include "model/Palette.h"
+#include "uikit/CellPoint.h"
 
 #include <QFocusEvent>
 #include <QHelpEvent>
@@ -121,7 +122,7 @@ void PaletteGrid::paintEvent(QPaintEvent *event)
 void PaletteGrid::mousePressEvent(QMouseEvent *event)
 {
     m_keyboard = false;
-    m_start = event->position().toPoint();
+    m_start = cellPoint(event->position());
     m_end = m_start;
     takeRun();
     emit selectionChanged(m_first, m_last);
@@ -129,13 +130,13 @@ void PaletteGrid::mousePressEvent(QMouseEvent *event)
 
 void PaletteGrid::mouseMoveEvent(QMouseEvent *event)
 {
-    m_end = event->position().toPoint();
+    m_end = cellPoint(event->position());
     takeRun();
 }
 
 void PaletteGrid::mouseReleaseEvent(QMouseEvent *event)
 {
-    m_end = event->position().toPoint();
+    m_end = cellPoint(event->position());
     takeRun();
     emit selectionChanged(m_first, m_last);
 }

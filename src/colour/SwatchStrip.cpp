@@ -3,6 +3,7 @@
 #include "colour/ColourEditorPopover.h"
 #include "colour/SwatchPainting.h"
 #include "model/Palette.h"
+#include "uikit/CellPoint.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -141,7 +142,7 @@ void SwatchStrip::paintMarks(QPainter *painter) const
 
 void SwatchStrip::mousePressEvent(QMouseEvent *event)
 {
-    const int index = indexAt(event->position().toPoint());
+    const int index = indexAt(cellPoint(event->position()));
     if (index < 0)
         return;
     if (event->button() == Qt::LeftButton)
@@ -154,7 +155,7 @@ void SwatchStrip::mousePressEvent(QMouseEvent *event)
 
 void SwatchStrip::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    const int index = indexAt(event->position().toPoint());
+    const int index = indexAt(cellPoint(event->position()));
     if (index < 0)
         return;
     pickTwice(index);

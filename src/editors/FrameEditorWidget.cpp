@@ -3,6 +3,7 @@
 #include "editors/SpriteDrag.h"
 #include "editors/TileDrag.h"
 #include "model/Animation.h"
+#include "uikit/CellPoint.h"
 
 #include <QAction>
 #include <QDragEnterEvent>
@@ -253,7 +254,7 @@ void FrameEditorWidget::mousePressEvent(QMouseEvent *event)
 void FrameEditorWidget::mouseReleaseEvent(QMouseEvent *event)
 {
     const Qt::MouseButtons buttons = std::exchange(m_buttons, Qt::NoButton);
-    const QPoint cell = cellAt(event->position().toPoint());
+    const QPoint cell = cellAt(cellPoint(event->position()));
     if (!contains(cell))
         return;
 
@@ -302,7 +303,7 @@ void FrameEditorWidget::dragEnterEvent(QDragEnterEvent *event)
 
 void FrameEditorWidget::dragMoveEvent(QDragMoveEvent *event)
 {
-    setHoverCell(cellAt(event->position().toPoint()));
+    setHoverCell(cellAt(cellPoint(event->position())));
     event->setAccepted(contains(m_hoverCell));
 }
 
@@ -314,7 +315,7 @@ void FrameEditorWidget::dragLeaveEvent(QDragLeaveEvent *)
 void FrameEditorWidget::dropEvent(QDropEvent *event)
 {
     setHoverCell(NoCell);
-    if (place(cellAt(event->position().toPoint()), event->mimeData()))
+    if (place(cellAt(cellPoint(event->position())), event->mimeData()))
         event->acceptProposedAction();
     else
         event->ignore();

@@ -4,6 +4,7 @@
 #include "formats/NxImage.h"
 #include "model/Palette.h"
 #include "model/SpriteBank.h"
+#include "uikit/CellPoint.h"
 #include "uikit/ThemedIcon.h"
 
 #include <QApplication>
@@ -207,14 +208,14 @@ void SpriteList::pick(int index)
 
 void SpriteList::mousePressEvent(QMouseEvent *event)
 {
-    m_pressPos = event->position().toPoint();
+    m_pressPos = cellPoint(event->position());
     m_buttons = event->buttons();
 }
 
 void SpriteList::mouseReleaseEvent(QMouseEvent *event)
 {
     m_buttons = event->buttons();
-    const int index = indexAt(event->position().toPoint());
+    const int index = indexAt(cellPoint(event->position()));
     if (index < 0)
         return;
 
@@ -230,7 +231,7 @@ void SpriteList::mouseReleaseEvent(QMouseEvent *event)
 
 void SpriteList::mouseMoveEvent(QMouseEvent *event)
 {
-    const QPoint position = event->position().toPoint();
+    const QPoint position = cellPoint(event->position());
     setHoverIndex(indexAt(position));
     const bool isDrag =
         m_buttons.testFlag(Qt::LeftButton) && event->buttons().testFlag(Qt::LeftButton) &&

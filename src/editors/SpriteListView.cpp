@@ -3,6 +3,7 @@
 #include "editors/SpriteDrag.h"
 #include "editors/SpriteList.h"
 #include "model/SpriteBank.h"
+#include "uikit/CellPoint.h"
 
 #include <QDrag>
 #include <QDragEnterEvent>
@@ -97,7 +98,7 @@ void SpriteList::dragEnterEvent(QDragEnterEvent *event)
 
 void SpriteList::dragMoveEvent(QDragMoveEvent *event)
 {
-    setDropIndex(spriteAt(event->position().toPoint()));
+    setDropIndex(spriteAt(cellPoint(event->position())));
     event->acceptProposedAction();
 }
 
@@ -109,7 +110,7 @@ void SpriteList::dragLeaveEvent(QDragLeaveEvent *)
 void SpriteList::dropEvent(QDropEvent *event)
 {
     const int source = spriteAt(m_pressPos);
-    const int dest = spriteAt(event->position().toPoint());
+    const int dest = spriteAt(cellPoint(event->position()));
     setDropIndex(-1);
     // A sprite dragged here from elsewhere is not the one that was pressed.
     if (dest < 0 || source < 0 || SpriteDrag::index(event->mimeData()) != source)

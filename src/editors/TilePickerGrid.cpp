@@ -1,6 +1,7 @@
 #include "editors/TilePickerGrid.h"
 
 #include "model/TileSet.h"
+#include "uikit/CellPoint.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -221,12 +222,12 @@ void TilePickerGrid::setHoverIndex(int index)
 void TilePickerGrid::mousePressEvent(QMouseEvent *event)
 {
     m_buttons = event->buttons();
-    m_pressPos = event->position().toPoint();
+    m_pressPos = cellPoint(event->position());
 }
 
 void TilePickerGrid::mouseMoveEvent(QMouseEvent *event)
 {
-    const QPoint position = event->position().toPoint();
+    const QPoint position = cellPoint(event->position());
     const bool isHeld = (event->buttons() & m_buttons).testFlag(Qt::LeftButton);
     const int pressed = indexAt(m_pressPos);
     if (isHeld && pressed >= 0 &&
@@ -240,7 +241,7 @@ void TilePickerGrid::mouseMoveEvent(QMouseEvent *event)
 void TilePickerGrid::mouseReleaseEvent(QMouseEvent *event)
 {
     m_buttons = event->buttons();
-    const int index = indexAt(event->position().toPoint());
+    const int index = indexAt(cellPoint(event->position()));
     if (event->button() == Qt::LeftButton)
         pick(index);
     else if (event->button() == Qt::RightButton && index >= 0)
@@ -249,7 +250,7 @@ void TilePickerGrid::mouseReleaseEvent(QMouseEvent *event)
 
 void TilePickerGrid::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    const int index = indexAt(event->position().toPoint());
+    const int index = indexAt(cellPoint(event->position()));
     if (index >= 0)
         emit itemDoubleClicked(index + TileNumber);
 }

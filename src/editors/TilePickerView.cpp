@@ -4,6 +4,7 @@
 #include "editors/TilePickerGrid.h"
 #include "model/Tile.h"
 #include "model/TileSet.h"
+#include "uikit/CellPoint.h"
 
 #include <QDrag>
 #include <QDragEnterEvent>
@@ -126,7 +127,7 @@ void TilePickerGrid::dragEnterEvent(QDragEnterEvent *event)
 
 void TilePickerGrid::dragMoveEvent(QDragMoveEvent *event)
 {
-    setDropIndex(indexAt(event->position().toPoint()));
+    setDropIndex(indexAt(cellPoint(event->position())));
     event->acceptProposedAction();
 }
 
