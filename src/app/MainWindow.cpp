@@ -8,6 +8,7 @@
 #include "model/Project.h"
 #include "model/SpriteBank.h"
 #include "model/TileSet.h"
+#include "uikit/ReadableColours.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -118,6 +119,7 @@ void MainWindow::setUpFrame()
     setWindowIcon(QIcon(QStringLiteral(":Application")));
     setCentralWidget(&m_tabs);
     new PaneKeys(this);
+    new ReadableColours(this);
 }
 
 void MainWindow::makeFileToolBar()

@@ -9,6 +9,7 @@
 #include "model/TileSet.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QApplication>
@@ -19,6 +20,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QRadioButton>
 #include <QRubberBand>
 #include <QScrollArea>
@@ -30,16 +32,24 @@
 #include <QToolButton>
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
 constexpr double TextContrast = 4.5;
-constexpr double IconContrast = 3.0;
+constexpr double IconContrast = 3.0; // and of what is disabled
 constexpr QSize SmallScreen(800, 600);
 
 QPalette lightColours()
 {
     return QStyleFactory::create("Fusion")->standardPalette();
+}
+
+void dimOff(QPalette *colours, const QColor &colour)
+{
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        colours->setColor(QPalette::Disabled, role, colour);
 }
 
 QPalette darkColours()
@@ -48,6 +58,7 @@ QPalette darkColours()
     for (const QPalette::ColorRole role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
         colours.setColor(role, Qt::white);
+    dimOff(&colours, QColor(110, 110, 110));
     colours.setColor(QPalette::Base, QColor(36, 36, 36));
     colours.setColor(QPalette::Highlight, QColor(42, 110, 180));
     colours.setColor(QPalette::Link, QColor(120, 180, 255));
@@ -60,6 +71,7 @@ QPalette highContrastColours()
     for (const QPalette::ColorRole role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::BrightText})
         colours.setColor(role, Qt::white);
+    dimOff(&colours, QColor(80, 80, 80));
     colours.setColor(QPalette::Base, Qt::black);
     colours.setColor(QPalette::Highlight, Qt::yellow);
     colours.setColor(QPalette::HighlightedText, Qt::black);
@@ -121,6 +133,9 @@ double neededContrast(const QWidget *widget)
 {
     if (const auto *label = qobject_cast<const QLabel *>(widget))
         return label->text().trimmed().isEmpty() ? 0 : TextContrast;
+    if (const auto *edit = qobject_cast<const QLineEdit *>(widget))
+        return edit->displayText().isEmpty() && edit->placeholderText().isEmpty() ? 0
+                                                                                  : TextContrast;
     const auto *button = qobject_cast<const QAbstractButton *>(widget);
     const auto *tool = qobject_cast<const QToolButton *>(widget);
     if (!button)
@@ -130,6 +145,25 @@ double neededContrast(const QWidget *widget)
     if (showsText && (!tool || button->icon().isNull()))
         return TextContrast;
     return button->icon().isNull() ? 0 : IconContrast;
+}
+
+/// The contrast of a placeholder on show, which the cursor would hide from a look at the picture;
+/// else the highest.
+double ofPlaceholder(const QWidget *widget)
+{
+    const auto *edit = qobject_cast<const QLineEdit *>(widget);
+    const auto *label = qobject_cast<const QLabel *>(widget);
+    const bool isShown =
+        (edit && edit->displayText().isEmpty() && !edit->placeholderText().isEmpty()) ||
+        (label && label->foregroundRole() == QPalette::PlaceholderText);
+    if (!isShown)
+        return std::numeric_limits<double>::max();
+    const QColor ground = widget->palette().color(edit ? QPalette::Base : QPalette::Window);
+    const QColor text = widget->palette().color(QPalette::PlaceholderText);
+    QImage drawn(1, 1, QImage::Format_RGB32);
+    drawn.fill(ground);
+    QPainter(&drawn).fillRect(drawn.rect(), text);
+    return contrast(drawn.pixel(0, 0), ground.rgb());
 }
 
 /// Whether it shows colours of its own, or a picture of Qt's.
@@ -251,6 +285,8 @@ private slots:
     void cleanupTestCase();
     void allStandsOut_data();
     void allStandsOut();
+    void markedItemsStandOut_data() { allStandsOut_data(); }
+    void markedItemsStandOut();
     void nothingIsCutOff_data();
     void nothingIsCutOff();
     void dialogsFitASmallScreen();
@@ -295,12 +331,15 @@ void tst_Looks::allStandsOut()
         keepPicture(look, name, surface);
         const QImage window = surface->window()->grab().toImage();
         for (const QWidget *widget : Surfaces::shownIn(surface)) {
-            const double needed = neededContrast(widget);
+            const double needed = widget->isEnabled()
+                                      ? neededContrast(widget)
+                                      : std::min(neededContrast(widget), IconContrast);
             const bool isWhole = widget->visibleRegion().boundingRect() == widget->rect();
-            if (needed == 0 || !widget->isEnabled() || !isWhole || isSwatch(widget))
+            if (needed == 0 || !isWhole || isSwatch(widget))
                 continue;
             ++count;
-            const double found = contrastIn(inside(widget, window));
+            const double found =
+                std::min(contrastIn(inside(widget, window)), ofPlaceholder(widget));
             if (found < needed)
                 faint += QStringLiteral("%1: %2 %3").arg(name, describe(widget)).arg(found);
         }
@@ -308,6 +347,34 @@ void tst_Looks::allStandsOut()
 
     faint.removeDuplicates();
     QVERIFY(count > 300);
+    QVERIFY2(faint.isEmpty(), qPrintable(faint.join(QLatin1Char('\n'))));
+}
+
+void tst_Looks::markedItemsStandOut()
+{
+    QFETCH(QPalette, colours);
+    QApplication::setPalette(colours);
+    QCoreApplication::processEvents();
+    QStringList faint;
+    int count = 0;
+    m_surfaces->visitAll([&](const QString &name, QWidget *surface) {
+        for (const QWidget *widget : Surfaces::shownIn(surface)) {
+            if (!qobject_cast<const QAbstractItemView *>(widget))
+                continue;
+            ++count;
+            for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+                const QPalette own = widget->palette();
+                const auto of = [&](QPalette::ColorRole role) {
+                    return own.color(group, role).rgb();
+                };
+                if (contrast(of(QPalette::Text), of(QPalette::Base)) < TextContrast ||
+                    contrast(of(QPalette::HighlightedText), of(QPalette::Highlight)) < TextContrast)
+                    faint += name + QStringLiteral(": ") + describe(widget);
+            }
+        }
+    });
+
+    QVERIFY(count > 10);
     QVERIFY2(faint.isEmpty(), qPrintable(faint.join(QLatin1Char('\n'))));
 }
 

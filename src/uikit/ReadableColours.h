@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+#include <QPalette>
+
+/// Keeps the greys of the program's palette readable, whatever the desktop or the style says: some
+/// give placeholders, texts that are off and marked items too little contrast.
+///
+/// It works as long as it lives, also when the desktop changes from light to dark.
+class ReadableColours : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr double TextContrast = 4.5; // to 1, of placeholders and marked items
+    /// To 1, of what is disabled. Thin strokes and the ground of a pressed button take some of it,
+    /// and 3 have to be left.
+    static constexpr double OffContrast = 4.0;
+
+    explicit ReadableColours(QObject *parent = nullptr);
+
+    /// The contrast of two opaque colours, from 1 to 21.
+    static double contrast(const QColor &one, const QColor &other);
+    /// @p colours, of which those that stand out too little are changed as far as it takes.
+    static QPalette readable(QPalette colours);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void apply();
+};
