@@ -28,6 +28,8 @@ void CellTool::mouseMove(QMouseEvent *event)
         hover(before);
     else if (m_grid->m_hoverAnimationRect.isValid())
         return; // what lies below a placed object is not painted by a stroke that starts on it
+    else if (m_grid->m_editDepth == 0) // pressed for another tool, or to pick a tile
+        m_grid->updateHover(before, m_grid->m_hoverAnimationRect);
     else if (m_grid->m_currentTile >= 0)
         paintCell(cell, before);
     else

@@ -49,6 +49,9 @@ void MapGrid::mapRestored()
 {
     if (!m_map)
         return;
+    // A gesture under way goes on from here: what the undo did is no part of it.
+    if (m_editDepth > 0)
+        m_editBefore = m_map->state();
     m_selection = m_selection.intersected(m_map->tileLayer()->rect());
     m_hoverSprite = -1;
     m_hoverAnimationRect = QRect();

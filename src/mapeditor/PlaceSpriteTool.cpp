@@ -82,10 +82,19 @@ void PlaceSpriteTool::mouseMove(QMouseEvent *event)
     m_ghostPos = snappedPixel(pixel, m_grid->m_snapSize);
     m_grid->m_hoverCell = m_grid->cellGeometry().cellAt(position);
     m_grid->update();
+    if (!holdsSprite())
+        m_dragIndex = -1;
     if (m_dragIndex >= 0)
         drag(pixel, position);
     else
         m_grid->m_hoverSprite = m_grid->spriteAt(pixel);
+}
+
+/// Another tool, a deletion or an undo in the middle of a drag ends the hover, and the drag with
+/// it: by its number another sprite would be meant.
+bool PlaceSpriteTool::holdsSprite() const
+{
+    return m_dragIndex >= 0 && m_grid->m_hoverSprite == m_dragIndex;
 }
 
 void PlaceSpriteTool::drag(QPoint pixel, QPoint position)
@@ -93,9 +102,6 @@ void PlaceSpriteTool::drag(QPoint pixel, QPoint position)
     if (!m_moved && (position - m_pressPos).manhattanLength() < QApplication::startDragDistance())
         return;
     QList<Map::PlacedSprite> &sprites = m_grid->m_map->sprites();
-    if (m_dragIndex >= sprites.size())
-        return;
-
     const QPoint target = snappedPixel(pixel - m_grabOffset, m_grid->m_snapSize);
     Map::PlacedSprite &sprite = sprites[m_dragIndex];
     if (target == QPoint(sprite.x, sprite.y))
@@ -110,9 +116,10 @@ void PlaceSpriteTool::mouseRelease(QMouseEvent *)
 {
     if (m_dragIndex < 0)
         return;
+    const bool isClick = holdsSprite() && !m_moved;
     const int index = std::exchange(m_dragIndex, -1);
     m_grid->endEdit(QStringLiteral("Move Sprite"));
-    if (!m_moved)
+    if (isClick)
         emit m_grid->spriteClicked(index);
 }
 

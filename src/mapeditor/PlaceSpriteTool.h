@@ -22,6 +22,7 @@ public:
 private:
     void startDrag(int index, QPoint pixel, QPoint position);
     void placeTemplate(QPoint pixel);
+    bool holdsSprite() const;
     void drag(QPoint pixel, QPoint position);
 
     int m_dragIndex = -1;
