@@ -22,7 +22,7 @@ BlockSelectorWindow::BlockSelectorWindow(QWidget *parent)
     , m_animations(new AnimationEditor::AnimationListWidget(ReadOnlyMode))
 {
     setObjectName(QStringLiteral("TileListWindow"));
-    setWindowTitle(tr("Map Objects"));
+    showTitle();
     setPlaceholderText(tr("No tile active tile set"));
     m_listCombo->setAccessibleName(tr("Block list"));
 
@@ -49,13 +49,18 @@ void BlockSelectorWindow::setTileSet(const QPointer<TileSet> &tileSet)
         disconnect(m_tileSet, nullptr, this, nullptr);
     m_tileSet = tileSet;
     if (m_tileSet) {
-        setWindowTitle(tr("Map Objects: %1").arg(m_tileSet->name()));
+        connect(m_tileSet, &TileSet::nameChanged, this, &BlockSelectorWindow::showTitle);
         showContent();
     } else {
-        setWindowTitle(tr("Map Objects"));
         showPlaceholder();
     }
+    showTitle();
     listBlocks();
+}
+
+void BlockSelectorWindow::showTitle()
+{
+    setWindowTitle(m_tileSet ? tr("Map Objects: %1").arg(m_tileSet->name()) : tr("Map Objects"));
 }
 
 void BlockSelectorWindow::listBlocks()

@@ -34,6 +34,7 @@ public slots:
     void changeList(int index);
 
 private:
+    void showTitle();
     void listBlocks();
 
     QPointer<TileSet> m_tileSet;

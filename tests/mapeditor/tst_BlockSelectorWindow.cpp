@@ -25,6 +25,7 @@ private slots:
 
     void startsOnItsPlaceholder();
     void aTileSetOffersItsBlockLists();
+    void theTitleFollowsTheNameOfTheTileSet();
     void noTileSetEmptiesTheDock();
     void anotherListShowsItsOwnBlocks();
     void newBlocksJoinTheList();
@@ -92,6 +93,18 @@ void tst_BlockSelectorWindow::aTileSetOffersItsBlockLists()
     QCOMPARE(combo()->itemText(0), QStringLiteral("Doors"));
     QCOMPARE(combo()->itemText(1), QStringLiteral("Plants"));
     QCOMPARE(count(), 1);
+}
+
+void tst_BlockSelectorWindow::theTitleFollowsTheNameOfTheTileSet()
+{
+    m_window->setTileSet(m_tiles->set.get());
+
+    m_tiles->set->setName(QStringLiteral("Cave"));
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("Map Objects: Cave"));
+    m_window->setTileSet(nullptr);
+    m_tiles->set->setName(QStringLiteral("Wood"));
+
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("Map Objects"));
 }
 
 void tst_BlockSelectorWindow::noTileSetEmptiesTheDock()
