@@ -1,5 +1,6 @@
 #include "editors/AnimationListWidget.h"
 
+#include "uikit/CurrentItem.h"
 #include "uikit/PlainText.h"
 #include "uikit/ThemedIcon.h"
 
@@ -8,7 +9,6 @@
 #include <QHelpEvent>
 #include <QListWidget>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -230,12 +230,8 @@ void AnimationListWidget::clearSelection()
 
 bool AnimationListWidget::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonPress) {
-        const auto *const press = static_cast<QMouseEvent *>(event);
-        const QListWidgetItem *const item = m_list->itemAt(press->position().toPoint());
-        if (press->button() == Qt::LeftButton && item && item == m_list->currentItem())
-            emit currentItemPressed(currentAnimation());
-    }
+    if (watched == m_list->viewport() && isPressOnCurrentItem(*m_list, *event))
+        emit currentItemPressed(currentAnimation());
     return QWidget::eventFilter(watched, event);
 }
 

@@ -2,6 +2,7 @@
 
 #include "editors/AnimationListWidget.h"
 #include "model/SpriteBank.h"
+#include "uikit/CurrentItem.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -53,6 +54,10 @@ SpriteAnimSelector::SpriteAnimSelector(QWidget *parent)
     connect(m_animations, &AnimationEditor::AnimationListWidget::selectedItemChanged, this,
             &SpriteAnimSelector::animationPicked);
     connect(m_sprites, &QListWidget::currentRowChanged, this, &SpriteAnimSelector::spritePicked);
+    // Since another tool was taken the map no longer places what is still marked here.
+    connect(m_animations, &AnimationEditor::AnimationListWidget::currentItemPressed, this,
+            &SpriteAnimSelector::animationPicked);
+    m_sprites->viewport()->installEventFilter(this);
     updateAnimations();
 }
 
@@ -165,8 +170,18 @@ void SpriteAnimSelector::fillSprites(const SpriteBank *bank)
         icon.setDevicePixelRatio(devicePixelRatioF());
         m_sprites->addItem(new QListWidgetItem(QIcon(icon), QString::number(i)));
     }
+    // The view's own function: one that was never given an index picks the first when it gets the
+    // focus.
+    m_sprites->setCurrentIndex({});
     if (row < m_sprites->count())
         m_sprites->setCurrentRow(row);
+}
+
+bool SpriteAnimSelector::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_sprites->viewport() && isPressOnCurrentItem(*m_sprites, *event))
+        spritePicked(m_sprites->currentRow());
+    return QWidget::eventFilter(watched, event);
 }
 
 void SpriteAnimSelector::animationPicked(Animation *animation)

@@ -33,12 +33,16 @@ public:
     void setRoom(QSize room);
 
 signals:
+    /// These also come when what is chosen already is pressed once more.
     void selectionChanged(QPointer<SpriteAnim> anim);
     void spriteChosen(QUuid bankId, int index);
 
 public slots:
     /// Shows the chosen bank anew.
     void updateAnimations();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QList<QPointer<SpriteBank>> livingBanks() const;

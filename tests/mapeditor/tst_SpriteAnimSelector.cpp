@@ -6,7 +6,9 @@
 #include "model/SpriteBank.h"
 #include "support/TestSprites.h"
 
+#include <QApplication>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QListWidget>
@@ -37,6 +39,8 @@ private slots:
     void refreshingKeepsTheRowAndSendsNothing();
     void choosingASpriteUnchoosesTheAnimation();
     void choosingAnAnimationUnchoosesTheSprite();
+    void pressingWhatIsChosenSendsItAgain();
+    void gettingTheFocusChoosesNothing();
     void aBankThatDiesLeavesTheCombo();
 
 private:
@@ -244,6 +248,41 @@ void tst_SpriteAnimSelector::choosingAnAnimationUnchoosesTheSprite()
     QCOMPARE(animation.at(0).at(0).value<QPointer<SpriteAnim>>(),
              m_heroes->animations().cbegin().value());
     QCOMPARE(sprite.count(), 0);
+    QCOMPARE(sprites()->currentRow(), -1);
+}
+
+void tst_SpriteAnimSelector::pressingWhatIsChosenSendsItAgain()
+{
+    m_selector->setBanks({m_heroes.get()});
+    QSignalSpy sprite(m_selector.get(), &SpriteAnimSelector::spriteChosen);
+    QSignalSpy animation(m_selector.get(), &SpriteAnimSelector::selectionChanged);
+
+    clickSprite(1);
+    QCOMPARE(sprite.count(), 1);
+    clickSprite(1);
+    QCOMPARE(sprite.count(), 2);
+    QVERIFY(sprite.at(0) == sprite.at(1));
+    clickFirstAnimation();
+    QCOMPARE(animation.count(), 1);
+    clickFirstAnimation();
+
+    QCOMPARE(animation.count(), 2);
+    QVERIFY(animation.at(0) == animation.at(1));
+    QCOMPARE(sprite.count(), 2);
+}
+
+void tst_SpriteAnimSelector::gettingTheFocusChoosesNothing()
+{
+    m_selector->setBanks({m_heroes.get()});
+    QSignalSpy sprite(m_selector.get(), &SpriteAnimSelector::spriteChosen);
+    QSignalSpy animation(m_selector.get(), &SpriteAnimSelector::selectionChanged);
+
+    QFocusEvent in(QEvent::FocusIn, Qt::TabFocusReason);
+    QApplication::sendEvent(sprites(), &in);
+    QApplication::sendEvent(list()->findChild<QListWidget *>(), &in);
+
+    QCOMPARE(sprite.count(), 0);
+    QCOMPARE(animation.count(), 0);
     QCOMPARE(sprites()->currentRow(), -1);
 }
 
