@@ -8,6 +8,18 @@
 
 using namespace MapEditor;
 
+namespace {
+
+/// Beyond every screen, and so far within int that the sides of a rectangle can be added.
+constexpr qint64 Farthest = 1 << 29;
+
+int onScreen(qint64 position)
+{
+    return static_cast<int>(std::clamp(position, -Farthest, Farthest));
+}
+
+} // namespace
+
 QRect GridGeometry::centred(QSize widget, QSize map, QSize viewport, int cellSize)
 {
     QSize cells(widget.width() / cellSize, widget.height() / cellSize);
@@ -54,14 +66,19 @@ QPoint GridGeometry::fromMapPixel(QPoint pixel) const
 
 QRect GridGeometry::fromCells(const QRect &cells) const
 {
-    return {(cells.left() - scroll.x()) * cellSize + gridRect.left(),
-            (cells.top() - scroll.y()) * cellSize + gridRect.top(), cells.width() * cellSize,
-            cells.height() * cellSize};
+    const auto axis = [this](qint64 cell, qint64 first, int edge) {
+        return onScreen((cell - first) * cellSize + edge);
+    };
+    const QPoint topLeft(axis(cells.left(), scroll.x(), gridRect.left()),
+                         axis(cells.top(), scroll.y(), gridRect.top()));
+    const QPoint beyond(axis(qint64(cells.right()) + 1, scroll.x(), gridRect.left()),
+                        axis(qint64(cells.bottom()) + 1, scroll.y(), gridRect.top()));
+    return {topLeft, beyond - QPoint(1, 1)};
 }
 
 int GridGeometry::scaled(int mapPixels) const
 {
-    return static_cast<int>(std::lround(mapPixels * (cellSize * 0.125)));
+    return onScreen(std::llround(mapPixels * (cellSize * 0.125)));
 }
 
 QPoint MapEditor::wholePosition(QPointF position)

@@ -34,9 +34,9 @@ struct GridGeometry
     QPoint cellAt(QPoint position) const { return cellOffset(position) + scroll; }
     QPoint mapPixelAt(QPoint position) const;
     QPoint fromMapPixel(QPoint pixel) const;
-    /// The widget rectangle of cells.
+    /// The widget rectangle of cells; what lies far beyond every screen comes nearer.
     QRect fromCells(const QRect &cells) const;
-    /// The side of @p mapPixels on screen, rounded half away from zero.
+    /// The side of @p mapPixels on screen, rounded half away from zero; at most 2^29 or so.
     int scaled(int mapPixels) const;
 };
 

@@ -20,6 +20,8 @@ private slots:
     void mapPixelsBecomeWidgetPoints_data();
     void mapPixelsBecomeWidgetPoints();
     void cellsBecomeWidgetRectangles();
+    void whatIsFarAwayStaysOffTheScreen_data();
+    void whatIsFarAwayStaysOffTheScreen();
     void positionsRoundHalfAwayFromZero_data();
     void positionsRoundHalfAwayFromZero();
     void snapTruncatesTowardsZero();
@@ -127,6 +129,31 @@ void tst_GridGeometry::cellsBecomeWidgetRectangles()
     QCOMPARE(geometry.visibleCells(), QRect(3, 5, 10, 5));
     QCOMPARE(geometry.fromCells({4, 7, 2, 3}), QRect(120, 90, 40, 60));
     QCOMPARE(geometry.fromCells({2, 4, 1, 1}), QRect(80, 30, 20, 20));
+}
+
+void tst_GridGeometry::whatIsFarAwayStaysOffTheScreen_data()
+{
+    constexpr int Far = 1 << 28; // cells or map pixels, the most that a file gives
+    QTest::addColumn<QPoint>("place");
+
+    QTest::newRow("right") << QPoint(Far, 0);
+    QTest::newRow("left") << QPoint(-Far, 0);
+    QTest::newRow("below") << QPoint(0, Far);
+    QTest::newRow("above") << QPoint(0, -Far);
+}
+
+void tst_GridGeometry::whatIsFarAwayStaysOffTheScreen()
+{
+    QFETCH(QPoint, place);
+    const QRect screen(-10000, -10000, 20000, 20000);
+    const QRect all(-(1 << 28), -(1 << 28), 1 << 29, 1 << 29);
+
+    for (const int cellSize : {8, 32, 64, 128, 512}) {
+        const GridGeometry geometry{.gridRect = {0, 0, 512, 512}, .cellSize = cellSize};
+        QVERIFY(!screen.contains(geometry.fromMapPixel(place)));
+        QVERIFY(!screen.intersects(geometry.fromCells({place, QSize(2, 2)})));
+        QVERIFY(geometry.fromCells(all).contains(screen));
+    }
 }
 
 void tst_GridGeometry::positionsRoundHalfAwayFromZero_data()
