@@ -67,6 +67,7 @@ private slots:
     void spritesOfOtherBanksAndAnimationsStay();
 
     void aLaterDocumentReplacesOneWithItsId();
+    void aDocumentThatIsAddedAgainStays();
     void deletingTheProjectDeletesItsDocuments();
 
 private:
@@ -743,6 +744,16 @@ void tst_Project::aLaterDocumentReplacesOneWithItsId()
 
     QVERIFY(!first);
     QCOMPARE(m_project->palettes(), QList<QPointer<Palette>>{second});
+}
+
+void tst_Project::aDocumentThatIsAddedAgainStays()
+{
+    const auto palette = m_project->createPalette(CreateBlank, "palette");
+
+    m_project->addPalette(palette);
+
+    QVERIFY(palette);
+    QCOMPARE(m_project->palettes(), QList<QPointer<Palette>>{palette});
 }
 
 void tst_Project::deletingTheProjectDeletesItsDocuments()

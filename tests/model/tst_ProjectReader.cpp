@@ -16,6 +16,7 @@
 #include <QBuffer>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -41,6 +42,7 @@ private slots:
     void aMapTakesItsDefaults();
     void aMapWithoutCellsKeepsItsSize_data();
     void aMapWithoutCellsKeepsItsSize();
+    void animationsMayBe256CellsLong();
     void emptyPlacedBlocksAreSkippedAndEmptySpritesKept();
     void aSpriteBankTakesItsDefaults();
     void aBlockListTakesItsDefaults();
@@ -178,6 +180,7 @@ void tst_ProjectReader::aRichProjectReadsBackWhole()
 {
     Project rich;
     TestProjects::fill(&rich);
+    QTest::failOnWarning(QRegularExpression("cannot be parsed"));
 
     QVERIFY(load(rich.archiveEntries(true)));
 
@@ -367,6 +370,18 @@ void tst_ProjectReader::aMapWithoutCellsKeepsItsSize()
     const auto map = m_project->map(QUuid(OtherId));
     QCOMPARE(map->tileLayer()->size(), size);
     QCOMPARE(map->objectLayer()->size(), size);
+}
+
+void tst_ProjectReader::animationsMayBe256CellsLong()
+{
+    const QJsonObject wide{{"id", Id}, {"width", 256}, {"height", 1}};
+    const QJsonObject high{{"id", OtherId}, {"width", 1}, {"height", 256}};
+
+    QVERIFY(load(one("mapObjects", {{"id", Id}, {"animations", QJsonArray{wide, high}}})));
+
+    const auto blocks = m_project->blocks(QUuid(Id));
+    QCOMPARE(blocks->animation(QUuid(Id))->size(), QSize(256, 1));
+    QCOMPARE(blocks->animation(QUuid(OtherId))->size(), QSize(1, 256));
 }
 
 void tst_ProjectReader::emptyPlacedBlocksAreSkippedAndEmptySpritesKept()
