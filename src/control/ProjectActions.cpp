@@ -77,6 +77,7 @@ void ProjectActions::createTileSet(QString name, QUuid paletteId, int tileCount,
 
 void ProjectActions::createMap(QString name, QUuid tileSetId, QSize &size)
 {
+    const WaitCursor wait;
     const QPointer<Map> map = project() ? project()->createMap(name, tileSetId, size) : nullptr;
     if (map)
         showMap(map);
@@ -141,6 +142,7 @@ void ProjectActions::copyItem(ProjectTree::ProjectNode node, QUuid id)
     if (!project())
         return;
 
+    const WaitCursor wait;
     switch (node) {
     case ProjectTree::ProjectNode::Palette:
         project()->clonePalette(id);

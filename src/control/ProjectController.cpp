@@ -63,7 +63,11 @@ void ProjectController::markClean()
 
 bool ProjectController::canClose()
 {
-    if (!m_project || !isDirty())
+    const auto isUnsaved = [this] {
+        const WaitCursor wait; // a large project takes its time to compare
+        return isDirty();
+    };
+    if (!m_project || !isUnsaved())
         return true;
 
     switch (_unsavedPrompt(m_project->name())) {

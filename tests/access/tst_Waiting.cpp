@@ -41,6 +41,20 @@ private:
 
 } // namespace
 
+/// Counts how often a widget is painted.
+class PaintCount : public QObject
+{
+public:
+    explicit PaintCount(QWidget *widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    int count = 0;
+};
+
 /// Work that can take long shows the wait cursor while it lasts, and not any longer.
 class tst_Waiting : public QObject
 {
@@ -52,6 +66,9 @@ private slots:
     void undoAndRedoWait();
     void resizingAMapWaits();
     void readingAPictureWaits();
+    void makingAMapWaits();
+    void copyingAMapWaits();
+    void lookingForUnsavedWorkWaits();
 
 private:
     QAction *editAction(const QString &text) const;
@@ -102,11 +119,13 @@ void tst_Waiting::resizingAMapWaits()
     ResizeMapDialog *const dialog = mapView()->resizeDialog();
     dialog->findChild<QSpinBox *>()->setValue(size.width() + 3);
 
+    const PaintCount paints(mapView()->grid());
     DialogDriver::pressOk(*dialog);
 
     QVERIFY(map->tileLayer()->size() != size);
     QVERIFY(waited);
     QVERIFY(!isWaiting());
+    QTRY_VERIFY(paints.count > 0);
 }
 
 void tst_Waiting::readingAPictureWaits()
@@ -123,6 +142,58 @@ void tst_Waiting::readingAPictureWaits()
 
     QVERIFY(waited);
     QVERIFY(!isWaiting());
+}
+
+void tst_Waiting::makingAMapWaits()
+{
+    QList<bool> waits;
+    Project *const project = m_surfaces->project();
+    connect(project, &Project::mapCreated, this, [&waits] { waits.append(isWaiting()); });
+    const PaintCount paints(m_surfaces->views().tabs);
+    QSize size(200, 100);
+
+    emit m_surfaces->views().menuBar->mapMenu()->create("Large", mapView()->map()->tileSetId(),
+                                                        size);
+
+    QCOMPARE(waits, QList<bool>{true});
+    QVERIFY(!isWaiting());
+    QCOMPARE(mapView()->map()->name(), QStringLiteral("Large"));
+    QTRY_VERIFY(paints.count > 0);
+}
+
+void tst_Waiting::copyingAMapWaits()
+{
+    QList<bool> waits;
+    connect(m_surfaces->project(), &Project::mapCreated, this,
+            [&waits] { waits.append(isWaiting()); });
+
+    emit m_surfaces->views().projectWindow->copyItemTriggered(ProjectTree::ProjectNode::Map,
+                                                              mapView()->map()->id());
+
+    QCOMPARE(waits, QList<bool>{true});
+    QVERIFY(!isWaiting());
+}
+
+void tst_Waiting::lookingForUnsavedWorkWaits()
+{
+    QList<bool> waits;
+    ProjectController *const control = m_surfaces->window()->projectController();
+    const auto before = control->_isClean;
+    control->_isClean = [&waits] {
+        waits.append(isWaiting());
+        return false;
+    };
+    bool hasAsked = false;
+    control->_unsavedPrompt = [&](const QString &) {
+        hasAsked = !isWaiting(); // while the user thinks, nobody waits for the program
+        return ProjectController::DiscardChanges;
+    };
+
+    QVERIFY(control->canClose());
+
+    control->_isClean = before;
+    QCOMPARE(waits, QList<bool>{true});
+    QVERIFY(hasAsked);
 }
 
 QTEST_MAIN(tst_Waiting)
