@@ -7,6 +7,7 @@
 #include "colour/ColourPalette.h"
 #include "formats/PictureFile.h"
 #include "model/Palette.h"
+#include "uikit/FileDialogs.h"
 #include "uikit/WaitCursor.h"
 
 #include <QFileDialog>
@@ -118,6 +119,7 @@ QFileDialog *View::fileDialog(bool saves)
                              tr("Images (*.png *.xpm *.jpg *.bmp)"));
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     dialog->setDefaultSuffix(QStringLiteral(".png"));
+    FileDialogs::endCompletionWith(dialog);
     dialog->setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog->setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (saves)

@@ -1,6 +1,7 @@
 #include "control/ProjectController.h"
 
 #include "menus/FileMenu.h"
+#include "uikit/FileDialogs.h"
 #include "uikit/WaitCursor.h"
 
 #include <QFileDialog>
@@ -42,6 +43,7 @@ QString ProjectController::askForPath()
                                        tr("Project file (*.tessaril)"));
         m_saveDialog->setAcceptMode(QFileDialog::AcceptSave);
         m_saveDialog->setDefaultSuffix(QStringLiteral("tessaril"));
+        FileDialogs::endCompletionWith(m_saveDialog);
     }
     if (m_saveDialog->exec() != QDialog::Accepted)
         return {};

@@ -1,5 +1,7 @@
 #include "editors/FileField.h"
 
+#include "uikit/FileDialogs.h"
+
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QToolButton>
@@ -41,6 +43,7 @@ void FileField::browse()
     if (!m_dialog) {
         m_dialog = new QFileDialog(this);
         m_prepare(m_dialog);
+        FileDialogs::endCompletionWith(m_dialog);
         connect(m_dialog, &QFileDialog::accepted, this, &FileField::takeChoice);
     }
     m_dialog->open();

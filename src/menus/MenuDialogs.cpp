@@ -1,5 +1,7 @@
 #include "menus/MenuDialogs.h"
 
+#include "uikit/FileDialogs.h"
+
 #include <QAbstractItemView>
 #include <QLineEdit>
 #include <QMenu>
@@ -34,6 +36,7 @@ QFileDialog *makeFileDialog(QMenu *menu, const FileQuestion &question)
     dialog->setAcceptMode(question.acceptMode);
     dialog->setNameFilters(question.filters);
     dialog->setDefaultSuffix(question.defaultSuffix);
+    FileDialogs::endCompletionWith(dialog);
     // Queued, as the answer is read when the dialog has closed.
     QObject::connect(
         dialog, &QDialog::finished, dialog, [dialog] { forgetAnswer(dialog); },
