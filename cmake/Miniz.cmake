@@ -15,6 +15,7 @@ if(NOT TARGET miniz::miniz)
     target_include_directories(tessaril_miniz SYSTEM PUBLIC "${TESSARIL_MINIZ_DIR}")
     target_compile_definitions(tessaril_miniz PRIVATE _LARGEFILE64_SOURCE=1)
     target_compile_options(tessaril_miniz PRIVATE -w)
+    set_target_properties(tessaril_miniz PROPERTIES POSITION_INDEPENDENT_CODE ${TESSARIL_SHARED})
     if(TESSARIL_SANITIZE)
         target_compile_options(tessaril_miniz PRIVATE
             -fsanitize=address $<$<BOOL:${TESSARIL_FUZZ}>:-fsanitize=fuzzer-no-link>)

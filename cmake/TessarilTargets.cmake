@@ -42,15 +42,32 @@ function(tessaril_share_test_headers)
     set_target_properties(Qt6::Test PROPERTIES INTERFACE_COMPILE_DEFINITIONS "${definitions}")
 endfunction()
 
-# tessaril_library(<folder> SOURCES ... LIBRARIES ...): the static library of one folder of src.
+# Lets the target count which of its lines run, in a build for coverage.
+function(tessaril_count_lines target)
+    if(TESSARIL_COVERAGE)
+        target_compile_options(${target} PRIVATE -O0 --coverage)
+        target_link_options(${target} PUBLIC --coverage)
+    endif()
+endfunction()
+
+# tessaril_library(<folder> SOURCES ... LIBRARIES ...): the library of one folder of src, static unless
+# TESSARIL_SHARED asks for libraries that can change without a new link of what uses them.
 function(tessaril_library folder)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
     set(target tessaril_${folder})
-    add_library(${target} STATIC ${ARG_SOURCES})
+    if(TESSARIL_SHARED)
+        add_library(${target} SHARED ${ARG_SOURCES})
+        # No macro of each library's own, so that they share precompiled headers; and -fPIC comes from
+        # Qt already, so that the same command compiles both kinds and ccache knows it.
+        set_target_properties(${target} PROPERTIES DEFINE_SYMBOL "" POSITION_INDEPENDENT_CODE OFF)
+    else()
+        add_library(${target} STATIC ${ARG_SOURCES})
+    endif()
     add_library(Tessaril::${folder} ALIAS ${target})
     target_include_directories(${target} PUBLIC "${tessaril_SOURCE_DIR}/src")
     target_link_libraries(${target} PUBLIC ${ARG_LIBRARIES} PRIVATE tessaril_options)
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    tessaril_count_lines(${target})
 endfunction()
 
 # tessaril_tests(<folder> LABEL <label> LIBRARIES ... CLASSES ...): one program for each class,
