@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QRegularExpression>
+#include <QSettings>
 #include <QTest>
 
 /// The home directory is the test's own; its content is made anew before each function.
@@ -63,6 +65,8 @@ void tst_AppState::makesItsFolderBelowTheHomeDirectory()
     QVERIFY(QDir(QDir::homePath() + "/.config/tessaril").exists());
     QVERIFY(state.save());
     QVERIFY(QFile::exists(path("state.json")));
+    // Where Qt keeps what its own dialogs remember.
+    QVERIFY(QSettings("QtProject").fileName().startsWith(path("")));
 }
 
 void tst_AppState::withoutItsFolderNothingIsWrittenElsewhere()
@@ -121,6 +125,7 @@ void tst_AppState::readsBackWhatItWrote()
     written.recent = {"/one", "/two"};
     written.lastPath = "/tmp";
     QVERIFY(written.save());
+    QTest::failOnWarning(QRegularExpression(".*"));
 
     AppState read;
     QVERIFY(read.load());

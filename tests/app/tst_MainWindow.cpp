@@ -114,6 +114,7 @@ void tst_MainWindow::startsWithItsFrame()
     QVERIFY(m_window->documentMode());
     QVERIFY(!m_window->windowIcon().isNull());
     QCOMPARE(m_window->centralWidget(), m_window->views().tabs);
+    QCOMPARE(m_window->menuWidget(), m_window->views().menuBar);
     const auto *const bar = m_window->findChild<QToolBar *>("File Toolbar");
     QVERIFY(bar);
     QStringList texts;

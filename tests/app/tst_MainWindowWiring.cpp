@@ -469,12 +469,14 @@ void tst_MainWindowWiring::resetLayoutTakesSixDocksOutAndLeavesThePicker()
     const DocumentViews &views = m_window->views();
     m_window->get()->addDockWidget(Qt::TopDockWidgetArea, views.tilePicker);
     m_window->get()->setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
+    m_window->get()->setTabShape(QTabWidget::Triangular);
     views.mapSprites->setFloating(true);
 
     QuietWindow::item(m_window->menus()->viewMenu(), "Reset Layout")->trigger();
 
     QCOMPARE(m_window->get()->dockWidgetArea(views.tilePicker), Qt::BottomDockWidgetArea);
     QCOMPARE(m_window->get()->tabPosition(Qt::LeftDockWidgetArea), QTabWidget::South);
+    QCOMPARE(m_window->get()->tabShape(), QTabWidget::Rounded);
     QVERIFY(!views.mapSprites->isFloating());
     QCOMPARE(m_window->get()->tabifiedDockWidgets(views.blockSelector),
              QList<QDockWidget *>({views.mapSprites}));

@@ -32,6 +32,9 @@ private slots:
     void cleanup();
 
     void aBankGoesWithItsTabAndLeavesTheDock();
+    void aBankThatGoesClearsTheDockOfAnother();
+    void aPaletteThatGoesClearsTheDockOfAnother();
+    void aTileSetThatGoesClearsTheDocksOfAnother();
     void aBlockListGoesWithItsTab();
     void aTileSetLeavesItsBlocksBlack();
     void stepsOfADeletedBankAreHarmless();
@@ -149,6 +152,48 @@ void tst_DeletedDocuments::aBankGoesWithItsTabAndLeavesTheDock()
     QCOMPARE(m_desk->tabs.count(), 0);
     QVERIFY(!m_desk->spriteWindow.isContentShown());
     QVERIFY(!m_desk->menuBar.spriteMenu()->spriteBank());
+}
+
+void tst_DeletedDocuments::aBankThatGoesClearsTheDockOfAnother()
+{
+    openBank();
+    const auto other =
+        m_desk->control.project()->createSpriteBank(Tessaril::Sprite::EightBit, "other", QUuid());
+    m_desk->spriteWindow.setSprites(other);
+
+    m_actions->deleteItem(Node::Sprites, m_bank->id());
+
+    QVERIFY(other);
+    QVERIFY(!m_desk->spriteWindow.sprites());
+    QVERIFY(!m_desk->spriteWindow.isContentShown());
+}
+
+void tst_DeletedDocuments::aPaletteThatGoesClearsTheDockOfAnother()
+{
+    const auto spare = m_project->createPalette(CreateDefault, "spare");
+    m_desk->documents.setActivePalette(m_project->createPalette(CreateDefault, "sky")->id());
+    QVERIFY(m_desk->paletteWindow.isContentShown());
+
+    m_actions->deleteItem(Node::Palette, spare->id());
+
+    QVERIFY(!m_desk->paletteWindow.isContentShown());
+    QCOMPARE(m_desk->paletteWindow.windowTitle(), QString("Palette Editor"));
+    QVERIFY(m_desk->menuBar.paletteMenu()->paletteId().isNull());
+}
+
+void tst_DeletedDocuments::aTileSetThatGoesClearsTheDocksOfAnother()
+{
+    const auto spare = m_project->createTileSet("spare", QUuid(), 4);
+    const auto shown = m_project->createTileSet("cave", QUuid(), 4);
+    m_desk->documents.setActiveTileSet(shown->id());
+
+    m_actions->deleteItem(Node::TileSet, spare->id());
+
+    QVERIFY(shown);
+    QVERIFY(!m_desk->tileWindow.tileSet());
+    QVERIFY(!m_desk->tilePicker.tileSet());
+    QVERIFY(!m_desk->tileWindow.isContentShown());
+    QCOMPARE(m_desk->blockSelector.windowTitle(), QString("Map Objects"));
 }
 
 void tst_DeletedDocuments::aBlockListGoesWithItsTab()

@@ -443,8 +443,9 @@ void tst_DocumentController::theEndOfAProjectTakesTabsAndStacks()
 {
     const QUuid map = addMap("level")->id();
     m_desk->documents.setActiveMap(map);
+    m_desk->tabs.setScratchEditorVisible(true); // which shows a palette of its own
     m_desk->documents.setActivePalette(m_project->palettes().first()->id());
-    m_desk->tabs.setScratchEditorVisible(true);
+    QVERIFY(m_desk->paletteWindow.isContentShown());
     const QPointer<QUndoStack> stack(m_desk->documents.undoStack(map));
 
     m_desk->documents.endProject();

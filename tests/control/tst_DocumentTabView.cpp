@@ -58,6 +58,7 @@ void tst_DocumentTabView::isSetUpForDocuments()
     QVERIFY(m_tabs->tabBar()->expanding());
     QVERIFY(m_tabs->tabBar()->isMovable());
     QCOMPARE(m_tabs->count(), 0);
+    QVERIFY(m_tabs->scratchEditor()->isHidden());
 }
 
 void tst_DocumentTabView::aSingleTabStillShowsItsBar()
@@ -189,6 +190,7 @@ void tst_DocumentTabView::everyWayOfTheScratchTabIsTold()
     QSignalSpy shown(m_tabs.get(), &DocumentTabView::scratchEditorShown);
     add(Type::Map, m_first);
     m_tabs->setScratchEditorVisible(true);
+    QCOMPARE(shown, QList<QVariantList>({{true}}));
     add(Type::Image, m_second);
     m_tabs->closeDocument(m_first);
     QCOMPARE(shown, QList<QVariantList>({{true}}));

@@ -362,6 +362,7 @@ void tst_ProjectActions::deletingATileSetTurnsItsItemsOff()
     menu->setTileSet(tiles->id());
     menu->setTileSetActionsEnabled(true);
     menu->setNewTileSetEnabled(false);
+    menu->setEnabled(false);
 
     m_actions->deleteItem(ProjectTree::ProjectNode::TileSet, tiles->id());
 

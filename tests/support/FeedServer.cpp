@@ -43,8 +43,10 @@ void FeedServer::serve(QTcpSocket *socket)
     if (!request.contains("\r\n\r\n"))
         return;
     m_requests.append(request);
-    if (m_manner == Manner::Silent)
+    if (m_manner == Manner::Silent) {
+        connect(socket, &QTcpSocket::disconnected, this, [this] { ++m_givenUp; });
         return;
+    }
     if (m_manner == Manner::Trickle) {
         trickle(socket);
         return;

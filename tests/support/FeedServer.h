@@ -34,6 +34,8 @@ public:
 
     /// The requests received, headers included.
     const QList<QByteArray> &requests() const { return m_requests; }
+    /// How many connections in Manner::Silent the other side has given up.
+    int givenUp() const { return m_givenUp; }
     /// The bytes sent in Manner::Endless and Manner::Trickle.
     qint64 sent() const { return m_sent; }
 
@@ -46,6 +48,7 @@ private:
     QByteArray m_answer;
     Manner m_manner = Manner::Answer;
     QList<QByteArray> m_requests;
+    int m_givenUp = 0;
     qint64 m_sent = 0;
     int m_pauseMs = 10;
 };

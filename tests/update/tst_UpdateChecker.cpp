@@ -177,6 +177,7 @@ void tst_UpdateChecker::aNewRequestReplacesTheOneInFlight()
 
     QTRY_COMPARE(m_fetched->count(), 1);
     QCOMPARE(m_fetched->first().first().toByteArray(), QByteArray("second"));
+    QTRY_COMPARE(m_server->givenUp(), 1);
     QCOMPARE(m_failed->count(), 0);
 }
 
