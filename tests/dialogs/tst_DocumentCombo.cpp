@@ -74,11 +74,13 @@ void tst_DocumentCombo::keepsTheCurrentDocument()
     combo.setDocuments(QList<QPointer<Palette>>{one, two});
     combo.setCurrentIndex(1);
 
-    two->setName(QStringLiteral("A new name"));
-    combo.setDocuments(QList<QPointer<Palette>>{one, two});
+    for (const auto &name : {QStringLiteral("A new name"), QStringLiteral("Zero")}) {
+        two->setName(name);
+        combo.setDocuments(QList<QPointer<Palette>>{one, two});
 
-    QCOMPARE(combo.currentId(), two->id());
-    QCOMPARE(combo.currentText(), QStringLiteral("A new name"));
+        QCOMPARE(combo.currentId(), two->id());
+        QCOMPARE(combo.currentText(), name);
+    }
 }
 
 void tst_DocumentCombo::startsOnTheFirstEntry()

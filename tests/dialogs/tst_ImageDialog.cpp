@@ -16,6 +16,7 @@ class tst_ImageDialog : public QObject
 private slots:
     void theTwoNewPalettesStandInFront();
     void aNameIsRequired();
+    void eachOpeningStartsWithoutAName();
     void sendsEachMode_data();
     void sendsEachMode();
     void sendsTheChosenPalette_data();
@@ -64,6 +65,19 @@ void tst_ImageDialog::aNameIsRequired()
     QCOMPARE(dialog.error(), QStringLiteral("Name is required"));
     QVERIFY(dialog.isVisible());
     QCOMPARE(accepted.count(), 0);
+}
+
+void tst_ImageDialog::eachOpeningStartsWithoutAName()
+{
+    ImageDialog dialog;
+    dialog.show({});
+    auto *const name = DialogDriver::field<QLineEdit>(dialog, QStringLiteral("Name"));
+    QTest::keyClicks(name, QStringLiteral("Title"));
+    DialogDriver::pressOk(dialog);
+
+    dialog.show({});
+
+    QCOMPARE(name->text(), QString());
 }
 
 void tst_ImageDialog::sendsEachMode_data()

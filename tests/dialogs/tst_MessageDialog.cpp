@@ -93,6 +93,7 @@ void tst_MessageDialog::aLongMessageIsWrapped()
 
     const QLabel *const message = label(dialog, text);
     QVERIFY(message->wordWrap());
+    QCOMPARE(message->maximumWidth(), 300);
     QVERIFY(message->width() <= 300);
     QVERIFY(message->height() >= message->heightForWidth(message->width()));
     QVERIFY(dialog.rect().contains(message->geometry()));

@@ -51,6 +51,8 @@ void tst_PreferencesDialog::listsItsPages()
     QVERIFY(!list->item(1)->icon().isNull());
     QCOMPARE(list->iconSize(), QSize(24, 24));
     QCOMPARE(list->currentRow(), 0);
+    QCOMPARE(dialog.layout()->contentsMargins(), QMargins(5, 5, 5, 5));
+    QCOMPARE(dialog.layout()->spacing(), 5);
     QCOMPARE(dialog.findChild<QStackedWidget *>()->currentWidget(), dialog.generalPage());
     dialog.show();
     const auto *buttons = dialog.findChild<QDialogButtonBox *>();

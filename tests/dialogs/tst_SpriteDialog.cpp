@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFormLayout>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QSignalSpy>
@@ -13,6 +14,7 @@ class tst_SpriteDialog : public QObject
 
 private slots:
     void theFieldsHaveTheirTextsAndDefaults();
+    void everyFieldHasItsRow();
     void withoutPalettesThereCanOnlyBeANewOne();
     void anExistingPaletteCanBeChosen();
     void aNameIsRequired();
@@ -45,6 +47,24 @@ void tst_SpriteDialog::theFieldsHaveTheirTextsAndDefaults()
     QVERIFY(newPalette->isChecked());
     QVERIFY(!newPalette->isEnabled());
     QVERIFY(!dialog.findChild<QComboBox *>()->isEnabled());
+}
+
+void tst_SpriteDialog::everyFieldHasItsRow()
+{
+    const SpriteDialog dialog;
+    const auto *form = dialog.findChild<QFormLayout *>();
+    const auto rowOf = [form](QWidget *field) {
+        int row = -1;
+        QFormLayout::ItemRole role = QFormLayout::LabelRole;
+        form->getWidgetPosition(field, &row, &role);
+        return row;
+    };
+
+    QCOMPARE(rowOf(dialog.findChild<QLineEdit *>()), 0);
+    QCOMPARE(rowOf(button<QRadioButton>(dialog, "16 Colour Sprites")), 1);
+    QCOMPARE(rowOf(button<QRadioButton>(dialog, "256 Colour Sprites")), 2);
+    QCOMPARE(rowOf(button<QCheckBox>(dialog, "Create a new empty palette")), 3);
+    QCOMPARE(rowOf(dialog.findChild<QComboBox *>()), 4);
 }
 
 void tst_SpriteDialog::withoutPalettesThereCanOnlyBeANewOne()

@@ -90,6 +90,10 @@ void tst_MapMenu::aCancelledNewMapSendsNothing()
 void tst_MapMenu::exportIsOnWithAMap()
 {
     QVERIFY(!item("Export")->isEnabled());
+    m_window->bar()->setProject(nullptr);
+    QVERIFY(!item("New Map")->isEnabled());
+    m_window->bar()->setProject(project());
+    QVERIFY(item("New Map")->isEnabled());
     activate({1, 1});
     QVERIFY(item("Export")->isEnabled());
     menu()->setMap(QUuid());

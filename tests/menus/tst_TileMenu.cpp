@@ -164,7 +164,9 @@ void tst_TileMenu::spectrumCharsSendsWhatWasAsked()
 
 void tst_TileMenu::anotherProjectTurnsTheTileSetItemsOff()
 {
+    QVERIFY(!item("Export")->isEnabled());
     activate(1);
+    menu()->setNewTileSetEnabled(false);
     Project other;
 
     m_window->bar()->setProject(&other);

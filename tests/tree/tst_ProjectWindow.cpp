@@ -7,6 +7,7 @@
 #include "model/TileSet.h"
 #include "tree/ProjectWindow.h"
 
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -22,6 +23,7 @@ private slots:
     void showsEverythingOfAProject();
     void documentsMadeLaterJoin();
     void blocksFollowTheirTileSet();
+    void blocksWhoseTileSetIsGoneStayInReach();
     void aNullProjectIsLetGo();
     void anotherProjectReplacesTheFirst();
     void eachKindHasItsSignal_data();
@@ -61,6 +63,8 @@ void tst_ProjectWindow::isADockForTheSides()
     QCOMPARE(m_window->windowTitle(), QString("Project"));
     QCOMPARE(m_window->allowedAreas(), Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
     QVERIFY(!m_window->isContentShown());
+    QVERIFY(m_window->autoFillBackground());
+    QCOMPARE(m_window->scrollArea()->widget(), m_window->tree());
 }
 
 void tst_ProjectWindow::showsEverythingOfAProject()
@@ -94,6 +98,7 @@ void tst_ProjectWindow::documentsMadeLaterJoin()
     m_project->createSpriteBank(Tessaril::Sprite::FourBit, "heroes", QUuid());
     m_project->createImage(Tessaril::ImageMode::LoRes_128x96, "title", QUuid());
 
+    QCOMPARE(textOf(Node::Palette), QString("castle"));
     QCOMPARE(textOf(Node::TileSet), QString("castle"));
     QCOMPARE(textOf(Node::Map), QString("level"));
     QCOMPARE(textOf(Node::Sprites), QString("heroes"));
@@ -109,6 +114,18 @@ void tst_ProjectWindow::blocksFollowTheirTileSet()
     m_project->createBlockList("lifts", set);
 
     QCOMPARE(group(Node::TileSet)->child(0)->child(0)->text(0), QString("lifts"));
+}
+
+void tst_ProjectWindow::blocksWhoseTileSetIsGoneStayInReach()
+{
+    const QUuid set = m_project->createTileSet("castle", QUuid(), 4)->id();
+    m_project->createBlockList("lifts", set);
+    QVERIFY(m_project->deleteTileSet(set));
+
+    m_window->setProject(m_project.get());
+
+    QCOMPARE(textOf(Node::Objects), QString("lifts"));
+    QVERIFY(!group(Node::Objects)->isHidden());
 }
 
 void tst_ProjectWindow::aNullProjectIsLetGo()

@@ -13,6 +13,7 @@ class tst_UpdateDialog : public QObject
 private slots:
     void init();
     void tellsWhatIsOffered();
+    void standsInTheOrderTold();
     void namesItsWidgets_data();
     void namesItsWidgets();
     void missingAddressesDisableTheirButtons();
@@ -57,6 +58,25 @@ void tst_UpdateDialog::tellsWhatIsOffered()
     const QFont heading = find<QLabel>("heading")->font();
     QCOMPARE(heading.weight(), int(QFont::Bold));
     QCOMPARE(heading.pointSizeF(), m_dialog->font().pointSizeF() * 1.3);
+}
+
+void tst_UpdateDialog::standsInTheOrderTold()
+{
+    m_dialog->showRelease(m_release, m_build);
+    m_dialog->resize(800, 400); // the stretches show
+
+    const auto placeOf = [this](const char *name) { return find<QWidget>(name)->geometry(); };
+    const QRect notes = placeOf("releaseNotes");
+    const QRect download = placeOf("download");
+    const QRect skip = placeOf("skip");
+    const QRect later = placeOf("later");
+    QVERIFY(placeOf("heading").bottom() < placeOf("detail").top());
+    QVERIFY(placeOf("detail").bottom() < notes.top());
+    QCOMPARE(notes.top(), download.top());
+    QVERIFY(notes.left() < download.left() && download.right() < 400);
+    QVERIFY(skip.top() > notes.bottom() + 50);
+    QCOMPARE(skip.top(), later.top());
+    QVERIFY(skip.left() > 400 && skip.right() < later.left());
 }
 
 void tst_UpdateDialog::namesItsWidgets_data()
