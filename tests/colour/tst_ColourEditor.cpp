@@ -96,6 +96,7 @@ void tst_ColourEditor::theGivenColourIsShownOpaque()
 
 void tst_ColourEditor::okIsThereOnlyForADifference()
 {
+    m_editor = std::make_unique<ColourEditor>();
     QVERIFY(!button("✓")->isEnabled());
 
     slider(0)->setValue(4);

@@ -5,6 +5,7 @@
 #include "history/EditRecorder.h"
 #include "model/Palette.h"
 #include "model/Project.h"
+#include "support/PaintCounter.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
@@ -86,9 +87,14 @@ void tst_ColourPalette::middleMakesAColourTransparentInSilence()
     QSignalSpy changed(m_palette.get(), &Palette::colourChanged);
     QSignalSpy edited(m_palette.get(), &Palette::colourEdited);
 
+    m_strip->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_strip.get()));
+    const PaintCounter paints(*m_strip);
+
     QTest::mousePress(m_strip.get(), Qt::MiddleButton, {}, middleOf(3));
 
     QCOMPARE(m_palette->transparencyIndex(), 3);
+    QTRY_VERIFY(paints.count() > 0); // nobody tells it of the palette's silent change
     QCOMPARE(primary.count() + secondary.count() + changed.count() + edited.count(), 0);
 }
 
@@ -260,4 +266,5 @@ void tst_ColourPalette::aTransparentEntryShowsChequersAndColour()
 }
 
 QTEST_MAIN(tst_ColourPalette)
+#include "support/PaintCounter.h"
 #include "tst_ColourPalette.moc"

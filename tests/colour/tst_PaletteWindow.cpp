@@ -83,6 +83,7 @@ void tst_PaletteWindow::isNamedAndTitled()
 {
     QCOMPARE(m_window->objectName(), QStringLiteral("paletteWindow"));
     QCOMPARE(m_window->windowTitle(), QStringLiteral("Palette: Cave"));
+    QCOMPARE(PaletteWindow().windowTitle(), QStringLiteral("Palette Editor"));
     QVERIFY(m_window->findChild<QWidget *>(QStringLiteral("paletteWidget")));
     for (const QString &toolTip : {Darken, Lighten, Gradient}) {
         QCOMPARE(button(toolTip)->iconSize(), QSize(24, 24));
