@@ -101,12 +101,25 @@ void View::setSpriteBanks(const QList<QPointer<SpriteBank>> &banks)
     for (const auto &bank : banks) {
         if (!bank)
             continue;
-        const auto repaint = qOverload<>(&QWidget::update);
-        connect(bank, &SpriteBank::imageChanged, m_grid, repaint, Qt::UniqueConnection);
-        connect(bank, &SpriteBank::restored, m_grid, repaint, Qt::UniqueConnection);
-        if (const auto palette = bank->palette())
-            connect(palette, &Palette::colourChanged, m_grid, repaint, Qt::UniqueConnection);
+        connect(bank, &SpriteBank::imageChanged, this, &View::spritesChanged, Qt::UniqueConnection);
+        connect(bank, &SpriteBank::restored, this, &View::spritesChanged, Qt::UniqueConnection);
+        followPalette(*bank);
     }
+}
+
+void View::followPalette(const SpriteBank &bank)
+{
+    if (const auto palette = bank.palette())
+        connect(palette, &Palette::colourChanged, m_grid, qOverload<>(&QWidget::update),
+                Qt::UniqueConnection);
+}
+
+/// With its picture a bank may have got another palette, for which it has no signal.
+void View::spritesChanged()
+{
+    if (const auto *const bank = qobject_cast<SpriteBank *>(sender()))
+        followPalette(*bank);
+    m_grid->update();
 }
 
 void View::clearCoveredCells()

@@ -109,6 +109,8 @@ protected:
 private:
     friend class ViewBuilder;
 
+    void followPalette(const SpriteBank &bank);
+    void spritesChanged();
     void cancel();
     void advanceFrames();
     void announceMode(Tessaril::Ui::ToolButton mode);

@@ -5,6 +5,7 @@
 #include "mapeditor/MapGrid.h"
 #include "mapeditor/MapToolPalette.h"
 #include "mapeditor/ToolBar.h"
+#include "model/Palette.h"
 #include "model/SpriteBank.h"
 #include "model/TileSet.h"
 #include "support/DialogDriver.h"
@@ -57,6 +58,7 @@ private slots:
     void tilesUnderPlacedObjectsAreCleared();
     void theCornerOpensTheDialogsOfTheMap();
     void changedTilesAreRepainted();
+    void coloursOfSpritesAreRepainted();
     void aLowViewScrollsItsTools();
 
 private:
@@ -390,6 +392,26 @@ void tst_MapEditorView::changedTilesAreRepainted()
     m_tiles->set->notifyImageChanged(1);
     QCoreApplication::processEvents();
     QCOMPARE(paints.count(), before);
+}
+
+void tst_MapEditorView::coloursOfSpritesAreRepainted()
+{
+    Palette first;
+    Palette second;
+    SpriteBank bank(Tessaril::Sprite::EightBit);
+    bank.setPalette(&first);
+    m_view->setSpriteBanks({&bank});
+    const PaintCounter colours(*m_view->grid());
+    first.setColour(1, Qt::red);
+    QTRY_VERIFY(colours.count() > 0);
+
+    bank.setPalette(&second);
+    emit bank.imageChanged(0);
+    const PaintCounter otherColours(*m_view->grid());
+    second.setColour(1, Qt::red);
+
+    QTRY_VERIFY(otherColours.count() > 0);
+    m_view->setSpriteBanks({});
 }
 
 void tst_MapEditorView::aLowViewScrollsItsTools()
