@@ -41,6 +41,7 @@ private slots:
     void repaintsWhatChanges();
     void followsTheColoursOfThePalette();
     void marksSelectedAndHoveredSprites();
+    void marksTheAddCellUnderTheMouse();
     void marksReachTheFarCorner();
     void hoveringTintsTheSprite();
 };
@@ -142,6 +143,19 @@ void tst_SpriteListView::marksSelectedAndHoveredSprites()
     QCoreApplication::sendEvent(m_list.get(), &leave);
     QCOMPARE(m_list->hoverIndex(), -1);
     QCOMPARE(pixel(middle(0)), qRgb(255, 0, 0));
+}
+
+void tst_SpriteListView::marksTheAddCellUnderTheMouse()
+{
+    const QPoint corner = m_list->cellRect(3).topLeft() + QPoint(1, 1);
+    const QRgb before = pixel(corner);
+    moveTo(middle(3), Qt::NoButton);
+    QCOMPARE(m_list->hoverIndex(), 3);
+    QCOMPARE(pixel(corner), before);
+
+    m_list->setAttribute(Qt::WA_UnderMouse);
+
+    QVERIFY(pixel(corner) != before);
 }
 
 void tst_SpriteListView::marksReachTheFarCorner()

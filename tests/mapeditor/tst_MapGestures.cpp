@@ -25,6 +25,7 @@ private slots:
     void aToolChosenInASelectionPaintsFromTheNextPress();
     void aToolChosenInASpriteDragEndsIt();
     void aPickInASpriteDragEndsIt();
+    void aPickKeepsTheSelectedSprite();
     void deletingTheDraggedSpriteLeavesTheOthers();
     void undoInASpriteDragEndsIt();
     void undoInAStrokeIsNoPartOfIt();
@@ -154,6 +155,20 @@ void tst_MapGestures::aPickInASpriteDragEndsIt()
 
     QCOMPARE(spritePlaces(), QList<int>({0}));
     QCOMPARE(grid().mode(), Tool::PlaceSprite);
+}
+
+void tst_MapGestures::aPickKeepsTheSelectedSprite()
+{
+    placeSpriteAt(0);
+    grid().setMode(Tool::PlaceSprite);
+    m_shown->click(at(0, 0));
+    QCOMPARE(grid().selectedSprite(), 0);
+    QSignalSpy selected(&grid(), &MapGrid::selectedSpriteChanged);
+
+    m_shown->click(at(5, 3), Qt::MiddleButton); // goes back to this tool
+
+    QCOMPARE(grid().selectedSprite(), 0);
+    QCOMPARE(selected.count(), 0);
 }
 
 void tst_MapGestures::deletingTheDraggedSpriteLeavesTheOthers()

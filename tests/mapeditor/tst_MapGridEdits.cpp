@@ -39,6 +39,7 @@ private slots:
     void addingNothingOnlyTellsTheSize();
     void resizingKeepsTheContentAtItsAnchor();
     void copyingGoesBackToTheToolBefore();
+    void copyingKeepsItsOutlineAlsoInTheSameTool();
     void theClipboardHoldsTheCellsByteForByte();
     void aCopiedImageFollowsTheTransparency();
     void aCopiedImageWithoutPaletteNamesNone();
@@ -282,6 +283,18 @@ void tst_MapGridEdits::copyingGoesBackToTheToolBefore()
     QCOMPARE(grid().mode(), Tool::Pick);
     QCOMPARE(grid().pasteRect(), QRect(1, 1, 2, 2));
     QCOMPARE(m_shown->stack.count(), 0);
+}
+
+void tst_MapGridEdits::copyingKeepsItsOutlineAlsoInTheSameTool()
+{
+    grid().setMode(Tool::Select);
+    grid().setMode(Tool::Select);
+    grid().setSelection({1, 1, 2, 2});
+
+    grid().copySelection();
+
+    QVERIFY(!grid().selection().isValid());
+    QCOMPARE(grid().pasteRect(), QRect(1, 1, 2, 2));
 }
 
 void tst_MapGridEdits::theClipboardHoldsTheCellsByteForByte()
