@@ -2,10 +2,26 @@
 
 #include "support/DialogDriver.h"
 
+#include <QDesktopServices>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QUrl>
+
+/// Takes the addresses that would open in the browser.
+class Browser : public QObject
+{
+    Q_OBJECT
+
+public:
+    Browser() { QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "open"); }
+    ~Browser() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
+    QList<QUrl> opened;
+
+public slots:
+    void open(const QUrl &url) { opened.append(url); }
+};
 
 class tst_About : public QObject
 {
@@ -17,6 +33,7 @@ private slots:
     void tellsNameAndVersions();
     void showsTheLogo();
     void linksToTheChangelog();
+    void aClickOnTheLinkOpensIt();
     void eachOpeningAsksForACheck();
     void theButtonAsksForACheck();
     void showsTheStatusAsPlainText();
@@ -74,6 +91,20 @@ void tst_About::linksToTheChangelog()
 
     QVERIFY(hasLabel(about, QStringLiteral("<a href=\"https://brindlemoor.example/changelog\">"
                                            "View Changelog</a>")));
+}
+
+void tst_About::aClickOnTheLinkOpensIt()
+{
+    Browser browser;
+    About about;
+    about.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&about));
+    for (QLabel *label : about.findChildren<QLabel *>()) {
+        if (label->text().contains(QStringLiteral("changelog")))
+            QTest::mouseClick(label, Qt::LeftButton);
+    }
+
+    QCOMPARE(browser.opened, {QUrl(QStringLiteral("https://brindlemoor.example/changelog"))});
 }
 
 void tst_About::eachOpeningAsksForACheck()

@@ -22,6 +22,7 @@ private slots:
     void init();
 
     void itsFieldsStandInARow();
+    void theDelayTellsItsUnit();
     void sidesAndDelayAreBounded();
     void withoutAnAnimationItIsDisabled();
     void showsTheAnimation();
@@ -65,6 +66,14 @@ void tst_SpriteEditorToolBar::itsFieldsStandInARow()
 
     QCOMPARE(labels, QStringList({"W:", "H:", "Delay:"}));
     QCOMPARE(name()->placeholderText(), QString("Enter a name..."));
+}
+
+void tst_SpriteEditorToolBar::theDelayTellsItsUnit()
+{
+    QCOMPARE(
+        spin("Delay")->toolTip(),
+        QString("Set the delay between animation frames\n0 = No Delay, 1 = 25fps, 2 = 12.5fps"));
+    QCOMPARE(name()->accessibleName(), QString("Name"));
 }
 
 void tst_SpriteEditorToolBar::sidesAndDelayAreBounded()

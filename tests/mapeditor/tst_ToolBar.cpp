@@ -14,6 +14,7 @@ class tst_ToolBar : public QObject
 
 private slots:
     void namesItselfAndItsLabels();
+    void itsGroupsStandApart();
     void layersStartOn();
     void theSpinsKeepTheirRanges_data();
     void theSpinsKeepTheirRanges();
@@ -45,6 +46,21 @@ void tst_ToolBar::namesItselfAndItsLabels()
              QStringList({"Viewport", "×", "Background", "Transparency", "Snap", QString()}));
     QCOMPARE(bar.findChildren<QLabel *>().last()->toolTip(),
              QStringLiteral("Map size in tiles and bytes"));
+}
+
+void tst_ToolBar::itsGroupsStandApart()
+{
+    const ToolBar bar;
+    QString row;
+    for (QAction *const action : bar.actions()) {
+        const QWidget *const widget = bar.widgetForAction(action);
+        row += action->isSeparator()                    ? '|'
+               : qobject_cast<const QSpinBox *>(widget) ? 'S'
+               : qobject_cast<const QLabel *>(widget)   ? 'L'
+                                                        : 'A';
+    }
+
+    QCOMPARE(row, QString("AAA|LSLS|LSLS|LS|L"));
 }
 
 void tst_ToolBar::layersStartOn()

@@ -61,6 +61,7 @@ private slots:
 
     void failuresAreWordedAsTold_data();
     void failuresAreWordedAsTold();
+    void onlyAFailureIsExplained();
     void aNewerVersionMakesNoDocument();
     void aFractionalVersionCountsAsAbsent();
     void wrongValuesTakeTheirDefault_data();
@@ -693,6 +694,18 @@ void tst_ProjectReader::failuresAreWordedAsTold()
     QVERIFY(!load(entries));
 
     QCOMPARE(m_error, error);
+}
+
+void tst_ProjectReader::onlyAFailureIsExplained()
+{
+    const Project::EntryReader damaged =
+        TestProjects::reader(TestProjects::jsonEntries({{"formatVersion", 3}}));
+    QVERIFY(!m_project->load(damaged, nullptr));
+
+    m_error = QStringLiteral("none");
+    Project other;
+    QVERIFY(other.load(TestProjects::reader(TestProjects::jsonEntries({})), &m_error));
+    QCOMPARE(m_error, QStringLiteral("none"));
 }
 
 void tst_ProjectReader::aNewerVersionMakesNoDocument()

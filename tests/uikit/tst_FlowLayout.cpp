@@ -3,6 +3,8 @@
 #include <QTest>
 #include <QWidget>
 
+#include <memory>
+
 class tst_FlowLayout : public QObject
 {
     Q_OBJECT
@@ -26,6 +28,7 @@ private slots:
     void askingForTheHeightMovesNothing();
     void theMinimumIsTheLargestItem();
     void takingAnItemHandsItOver();
+    void itsItemsEndWithIt();
     void aChangeLaysOutAgain();
     void aNestedLayoutIsLaidOutInItsPlace();
 
@@ -229,6 +232,29 @@ void tst_FlowLayout::takingAnItemHandsItOver()
     QCOMPARE(m_layout->count(), 1);
     QCOMPARE(m_layout->itemAt(0)->widget(), m_items.first());
     QVERIFY(!m_layout->itemAt(1));
+}
+
+void tst_FlowLayout::itsItemsEndWithIt()
+{
+    struct Item : QSpacerItem
+    {
+        explicit Item(int &ends)
+            : QSpacerItem(10, 10)
+            , m_ends(ends)
+        {
+        }
+        ~Item() override { ++m_ends; }
+        int &m_ends;
+    };
+    int ends = 0;
+    auto layout = std::make_unique<FlowLayout>();
+    layout->addItem(new Item(ends));
+    layout->addItem(new Item(ends));
+    const std::unique_ptr<QLayoutItem> taken(layout->takeAt(0));
+
+    layout.reset();
+
+    QCOMPARE(ends, 1);
 }
 
 void tst_FlowLayout::aChangeLaysOutAgain()
