@@ -30,6 +30,7 @@ QUESTION = re.compile(
     r"\s+return (.*(?: [=!<>]=? | && | \|\| |\bis[A-Z]|\bhas[A-Z]|\bcan[A-Z]).*);$")
 EARLY = "return early"
 BEFORE_STATEMENT = re.compile(r"[;{}:]$|\belse$|^(} else )?(if|for|while)\b.*\)$")
+NOTHING = re.compile(r"return (\{\}|false|nullptr|0|Q\w+\(\)|std::nullopt);$")
 KEYWORD = re.compile(r"(return|if|for|while|switch|else|do|delete|const|auto|static)\b")
 
 
@@ -119,7 +120,7 @@ class Source:
         leave = self._way_out(line, indent)
         if leave and not text.startswith("return"):
             yield EARLY, {line: " " * indent + leave + " " + self.lines[line].strip()}
-        elif leave == "return {};" and text != leave:
+        elif leave == "return {};" and not NOTHING.match(text):
             yield "return nothing", {line: " " * indent + leave, **rest}
 
     def _statement_end(self, line):
