@@ -34,11 +34,6 @@ QString Expandable::title() const
     return m_header->text();
 }
 
-void Expandable::setTitle(const QString &title)
-{
-    m_header->setText(title);
-}
-
 void Expandable::setContent(QWidget *content)
 {
     if (content != m_content) {

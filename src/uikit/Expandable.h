@@ -15,7 +15,6 @@ public:
     explicit Expandable(const QString &title = {}, QWidget *parent = nullptr);
 
     QString title() const;
-    void setTitle(const QString &title);
 
     /// The button that toggles the section; owned.
     QToolButton *header() const { return m_header; }

@@ -26,7 +26,6 @@ public:
     explicit UpdateChecker(const QString &version, QObject *parent = nullptr);
     ~UpdateChecker() override;
 
-    QUrl feedAddress() const { return m_feedAddress; }
     /// The build's own address unless told otherwise.
     void setFeedAddress(const QUrl &address) { m_feedAddress = address; }
 
