@@ -78,6 +78,7 @@ private slots:
     void aMapThatCannotBeOpenedKeepsItsOneCell();
     void aBlockBeyondTheListStopsWithTheCellsBefore();
     void aShortMapGoesOnWithBlockZero();
+    void whatIsBehindTheLastRowIsNotRead();
     void anEmptyMapFileMakesAnEmptyMap();
     void theWidestMapIsRead();
 
@@ -360,6 +361,17 @@ void tst_FourFileImport::aShortMapGoesOnWithBlockZero()
     const QPointer<TileMap> layer = outcome.map->tileLayer();
     QCOMPARE(indices(*layer, 0), QList<int>({FirstTile, FirstTile + 1, 0, 1}));
     QCOMPARE(indices(*layer, 5), QList<int>({2, 3, 2, 3}));
+}
+
+void tst_FourFileImport::whatIsBehindTheLastRowIsNotRead()
+{
+    write("nxm", mapBytes(4, 4, {{1, 0}, {0, 1}, {0xFFFF, 0xFFFF}}));
+    Project project;
+
+    const FourFileImport::Outcome outcome = FourFileImport::run(&project, path("nxm"));
+
+    QVERIFY(outcome.done);
+    QCOMPARE(outcome.map->tileLayer()->size(), QSize(4, 4));
 }
 
 void tst_FourFileImport::anEmptyMapFileMakesAnEmptyMap()

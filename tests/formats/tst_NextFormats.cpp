@@ -71,13 +71,13 @@ void tst_NextFormats::paletteWordsKeepUnusedBits()
 
 void tst_NextFormats::tilesPackTwoPixelsAByteWithTheLeftOneHigh()
 {
-    const QImage tile = TestImages::indexed({"12345678", "00000000", "f0f0f0f0", "00000000",
-                                             "00000000", "00000000", "00000000", "9abcdef0"});
+    const QImage tile = TestImages::indexed({"12345678", "23456789", "f0f0f0f0", "00000000",
+                                             "00000000", "00000000", "abcdef01", "9abcdef0"});
 
     const QByteArray bytes = NextFormats::tileBytes(tile);
 
-    QCOMPARE(bytes.toHex(), QByteArray("1234567800000000f0f0f0f000000000"
-                                       "0000000000000000000000009abcdef0"));
+    QCOMPARE(bytes.toHex(), QByteArray("1234567823456789f0f0f0f000000000"
+                                       "0000000000000000abcdef019abcdef0"));
 }
 
 void tst_NextFormats::tilesKeepOnlyTheLowNibble()
@@ -93,14 +93,14 @@ void tst_NextFormats::tilesKeepOnlyTheLowNibble()
 void tst_NextFormats::tilesReadFromAnOffset()
 {
     QByteArray data(3, '\xFF');
-    data += QByteArray::fromHex("12345678000000000000000000000000"
-                                "0000000000000000000000009abcdef0");
+    data += QByteArray::fromHex("12345678234567890000000000000000"
+                                "0000000000000000abcdef019abcdef0");
     QList<QRgb> colours(256, qRgb(1, 2, 3));
 
     const QImage tile = NextFormats::tileImage(data, 3, colours);
 
-    const QStringList rows{"12345678", "00000000", "00000000", "00000000",
-                           "00000000", "00000000", "00000000", "9abcdef0"};
+    const QStringList rows{"12345678", "23456789", "00000000", "00000000",
+                           "00000000", "00000000", "abcdef01", "9abcdef0"};
     QCOMPARE(tile.format(), QImage::Format_Indexed8);
     QCOMPARE(TestImages::rows(tile), rows);
     QCOMPARE(tile.colorTable(), colours);

@@ -88,6 +88,8 @@ private slots:
     void ofEqualCountsTheFirstColourStays();
     void mapsToTheNearestPaletteColour_data();
     void mapsToTheNearestPaletteColour();
+    void noChannelWeighsMoreThanAnother_data();
+    void noChannelWeighsMoreThanAnother();
     void equalPaletteColoursGiveTheLowerIndex();
     void theTransparentEntryIsMatchedLikeAnyOther();
     void mapsEveryPixelOfAMixedPictureByTheRule();
@@ -308,6 +310,36 @@ void tst_NxImage::mapsToTheNearestPaletteColour()
     QCOMPARE(mapped.size(), QSize(1, 1));
     QCOMPARE(mapped.colorTable(), palette.colourTable());
     QCOMPARE(mapped.pixelIndex(0, 0), index);
+}
+
+void tst_NxImage::noChannelWeighsMoreThanAnother_data()
+{
+    // Levels 3 and 4 of a channel show as 110 and 146.
+    constexpr quint16 red = 0x2000;
+    constexpr quint16 green = 0x0400;
+    QTest::addColumn<quint16>("nearer");
+    QTest::addColumn<quint16>("farther");
+    QTest::newRow("red, green") << quint16(3 * red) << quint16(4 * green);
+    QTest::newRow("red, blue") << quint16(3 * red) << quint16(0x0200);
+    QTest::newRow("green, red") << quint16(3 * green) << quint16(4 * red);
+    QTest::newRow("green, blue") << quint16(3 * green) << quint16(0x0200);
+    QTest::newRow("blue, red") << quint16(0x0101) << quint16(4 * red);
+    QTest::newRow("blue, green") << quint16(0x0101) << quint16(4 * green);
+}
+
+void tst_NxImage::noChannelWeighsMoreThanAnother()
+{
+    QFETCH(quint16, nearer);
+    QFETCH(quint16, farther);
+    Palette palette;
+    for (int i = 0; i < Palette::Size; ++i)
+        palette.setWord(i, 0xFF01); // white, the farthest of all
+    palette.setWord(7, farther);
+    palette.setWord(9, nearer);
+    NxImage picture;
+    picture.setImage(line({qRgb(0, 0, 0)}));
+
+    QCOMPARE(indices(picture.remap(&palette)), QList<int>{9});
 }
 
 void tst_NxImage::equalPaletteColoursGiveTheLowerIndex()

@@ -25,6 +25,7 @@ private slots:
 
     void anEmptyProjectHasTwoEntries();
     void everyDocumentHasItsEntry();
+    void aTileSetOfOneTileHasItsPicture();
     void aTileSetWithoutTilesHasNoPicture();
     void theJsonIsIndentedWithSortedKeys();
     void theTopLevelHoldsTheSettings();
@@ -94,6 +95,16 @@ void tst_ProjectWriter::everyDocumentHasItsEntry()
         if (entry.key().endsWith(".png"))
             QCOMPARE(entry->mid(1, 3), QByteArray("PNG"));
     }
+}
+
+void tst_ProjectWriter::aTileSetOfOneTileHasItsPicture()
+{
+    Project project;
+    const QUuid id = project.createTileSet("one", QUuid(), 1)->id();
+
+    const QByteArray png = project.archiveEntries(true).value("tileset/" + id.toString() + ".png");
+
+    QCOMPARE(QImage::fromData(png).size(), QSize(8, 8));
 }
 
 void tst_ProjectWriter::aTileSetWithoutTilesHasNoPicture()

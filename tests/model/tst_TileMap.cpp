@@ -205,14 +205,20 @@ void tst_TileMap::rowsAndColumnsStayWithinTheAllowedSizes()
     TileMap tall({0, TileMap::MaxEmptySide});
     TileMap wide({TileMap::MaxEmptySide, 0});
     TileMap empty({0, 0});
+    TileMap lessTall({0, TileMap::MaxEmptySide - 1});
+    TileMap lessWide({TileMap::MaxEmptySide - 1, 0});
 
     tall.addRow(Tessaril::Position::End);
     wide.addColumn(Tessaril::Position::Begin);
+    lessTall.addRow(Tessaril::Position::Begin);
+    lessWide.addColumn(Tessaril::Position::End);
     empty.removeRow(Tessaril::Position::Begin);
     empty.removeColumn(Tessaril::Position::End);
 
     QCOMPARE(tall.size(), QSize(0, TileMap::MaxEmptySide));
     QCOMPARE(wide.size(), QSize(TileMap::MaxEmptySide, 0));
+    QCOMPARE(lessTall.size(), tall.size());
+    QCOMPARE(lessWide.size(), wide.size());
     QCOMPARE(empty.size(), QSize(0, 0));
 }
 
