@@ -3,6 +3,7 @@
 #include "colour/ColourEditorPopover.h"
 #include "dialogs/ExportMapDialog.h"
 #include "dialogs/LicenceDialog.h"
+#include "dialogs/MapEditorPage.h"
 #include "dialogs/ResizeMapDialog.h"
 #include "editors/ImportBinaryDialog.h"
 #include "editors/ImportImageDialog.h"
@@ -17,7 +18,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QFileDialog>
 #include <QListWidget>
 #include <QTest>
 #include <QTimer>
@@ -35,9 +35,9 @@ bool writeFile(const QString &name, const QByteArray &content)
 bool isLeftOut(const QAction *action)
 {
     static const QStringList texts{"Quit",         "Close",      "Save",
-                                   "Reset Layout", "Status Bar", "Check for Updates…"};
-    return !action->isEnabled() || action->isSeparator() || action->menu() ||
-           texts.contains(action->text());
+                                   "Reset Layout", "Status Bar", "Check for Updates…",
+                                   "Recent",       "Window",     "Tile List Magnification"};
+    return !action->isEnabled() || action->isSeparator() || texts.contains(action->text());
 }
 
 QDialog *visibleDialog()
@@ -140,7 +140,11 @@ QList<QWidget *> Surfaces::shownIn(const QWidget *surface)
 void Surfaces::visitMenu(const QString &path, const QMenu *menu, const Visit &visit)
 {
     for (QAction *action : menu->actions()) {
-        if (!isLeftOut(action))
+        if (isLeftOut(action))
+            continue;
+        if (action->menu())
+            visitMenu(path + QStringLiteral(" ") + action->text(), action->menu(), visit);
+        else
             visitDialog(
                 path + QStringLiteral(" ") + action->text(), [action] { action->trigger(); },
                 visit);
@@ -194,6 +198,9 @@ void Surfaces::visitMessages(const Visit &visit)
     visitDialog(
         "update", [&] { update.showRelease(release, {.version = "1.0", .date = "2026-01-01"}); },
         visit);
+    MapEditorPage page;
+    visitDialog(
+        "grid colour", [&] { page.showColourPicker(0); }, visit);
     LicenceDialog licence(m_window.get());
     visitDialog(
         "licence", [&] { licence.open(); }, visit);
@@ -209,10 +216,8 @@ void Surfaces::visitDialog(const QString &name, const std::function<void()> &ope
         if (!dialog || isVisited)
             return;
         isVisited = true;
-        if (!qobject_cast<QFileDialog *>(dialog)) {
-            QApplication::processEvents();
-            visitPreferencePages(name, dialog, visit);
-        }
+        QApplication::processEvents();
+        visitPreferencePages(name, dialog, visit);
         dialog->reject();
     };
     QTimer blocking;

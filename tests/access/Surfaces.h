@@ -26,8 +26,7 @@ public:
 
     void visitTabs(const Visit &visit);
     void visitDocks(const Visit &visit);
-    /// Each dialog is on the screen while it is visited, and closed behind it. Dialogs that Qt
-    /// brings, for files and colours, are left out.
+    /// Each dialog is on the screen while it is visited, and closed behind it.
     void visitDialogs(const Visit &visit);
     void visitAll(const Visit &visit);
 

@@ -194,7 +194,8 @@ struct Room
 Room roomForText(const QWidget *widget)
 {
     const QFontMetrics letters = widget->fontMetrics();
-    if (isSwatch(widget))
+    // The folder in a file dialog can have a name of any length.
+    if (isSwatch(widget) || widget->objectName() == QLatin1String("lookInCombo"))
         return {};
     if (const auto *label = qobject_cast<const QLabel *>(widget); label && !label->wordWrap()) {
         const QString text = label->text();
