@@ -165,10 +165,13 @@ void SpriteAnimSelector::fillSprites(const SpriteBank *bank)
     const int row = m_sprites->currentRow();
     m_sprites->clear();
     for (int i = 0; bank && i < bank->count(); ++i) {
-        QPixmap icon = QPixmap::fromImage(bank->spriteImage(i, 0, false, false, false))
-                           .scaled(QSize(IconSide, IconSide) * devicePixelRatioF());
-        icon.setDevicePixelRatio(devicePixelRatioF());
-        m_sprites->addItem(new QListWidgetItem(QIcon(icon), QString::number(i)));
+        QPixmap picture = QPixmap::fromImage(bank->spriteImage(i, 0, false, false, false))
+                              .scaled(QSize(IconSide, IconSide) * devicePixelRatioF());
+        picture.setDevicePixelRatio(devicePixelRatioF());
+        // Marked too: the mark would change its colours.
+        QIcon icon(picture);
+        icon.addPixmap(picture, QIcon::Selected);
+        m_sprites->addItem(new QListWidgetItem(icon, QString::number(i)));
     }
     // The view's own function: one that was never given an index picks the first when it gets the
     // focus.

@@ -41,6 +41,7 @@ private slots:
     void choosingAnAnimationUnchoosesTheSprite();
     void pressingWhatIsChosenSendsItAgain();
     void gettingTheFocusChoosesNothing();
+    void aMarkedSpriteKeepsItsColours();
     void aBankThatDiesLeavesTheCombo();
 
 private:
@@ -284,6 +285,20 @@ void tst_SpriteAnimSelector::gettingTheFocusChoosesNothing()
     QCOMPARE(sprite.count(), 0);
     QCOMPARE(animation.count(), 0);
     QCOMPARE(sprites()->currentRow(), -1);
+}
+
+void tst_SpriteAnimSelector::aMarkedSpriteKeepsItsColours()
+{
+    m_selector->setBanks({m_heroes.get()});
+
+    const QIcon icon = sprites()->item(1)->icon();
+    const auto picture = [&icon](QIcon::Mode mode) {
+        return icon.pixmap(QSize(32, 32), mode).toImage().convertToFormat(QImage::Format_RGB32);
+    };
+
+    QCOMPARE(picture(QIcon::Selected), picture(QIcon::Normal));
+    QCOMPARE(picture(QIcon::Normal).size(), QSize(32, 32) * m_selector->devicePixelRatioF());
+    QCOMPARE(picture(QIcon::Normal).pixelColor(16, 16), m_palette.colour(2));
 }
 
 void tst_SpriteAnimSelector::aBankThatDiesLeavesTheCombo()
