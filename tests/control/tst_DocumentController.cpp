@@ -56,6 +56,7 @@ private slots:
     void editCommandsReachTheTabInFront();
     void aTabThatIsNoTargetTurnsTheCommandsOff();
     void undoAndRedoLeadTheEditMenu();
+    void withoutATabThereIsNothingToUndo();
     void eachDocumentHasItsOwnStack();
     void closingAnImageDropsItsStack();
     void theScratchEditorWritesToTheProject();
@@ -303,6 +304,19 @@ void tst_DocumentController::undoAndRedoLeadTheEditMenu()
     QCOMPARE(actions.at(0)->shortcut(), QKeySequence(QKeySequence::Undo));
     QCOMPARE(actions.at(1)->shortcut(), QKeySequence(QKeySequence::Redo));
     QVERIFY(actions.at(2)->isSeparator());
+}
+
+void tst_DocumentController::withoutATabThereIsNothingToUndo()
+{
+    const QAction *const undo = m_desk->menuBar.editMenu()->actions().first();
+    const QUuid map = addMap("level")->id();
+    m_desk->documents.setActiveMap(map);
+    m_desk->documents.undoStack(map)->push(new QUndoCommand("Paint"));
+    QVERIFY(undo->isEnabled());
+
+    m_desk->tabs.closeAll();
+
+    QVERIFY(!undo->isEnabled());
 }
 
 void tst_DocumentController::eachDocumentHasItsOwnStack()

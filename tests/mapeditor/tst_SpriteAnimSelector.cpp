@@ -137,8 +137,11 @@ void tst_SpriteAnimSelector::aBankWithoutAnimationsSaysSo()
 {
     m_selector->setBanks({m_bats.get()});
 
-    QVERIFY(label("No animations in this bank")->isVisible());
+    const QLabel *const notice = label("No animations in this bank");
+    QVERIFY(notice->isVisible());
     QVERIFY(label("Animations")->isVisible());
+    QTRY_VERIFY(notice->y() > label("Animations")->y());
+    QVERIFY(notice->geometry().bottom() < label("Sprites")->y());
     QVERIFY(!list()->isVisible());
     QVERIFY(sprites()->isVisible());
 }

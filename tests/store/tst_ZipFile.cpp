@@ -43,6 +43,7 @@ private slots:
     void anAbsentEntryIsEmpty();
     void aNameOver65535BytesIsNotFound();
     void aLimitMakesLargerEntriesEmpty();
+    void onlyTheEntryItselfIsBegun();
     void dataBeforeAndACommentBehindAreAccepted();
 
     void lyingEntriesAreEmpty_data();
@@ -313,6 +314,19 @@ void tst_ZipFile::aLimitMakesLargerEntriesEmpty()
 
     QCOMPARE(zip.read(QStringLiteral("a"), 1000), QByteArray(1000, 'x'));
     QCOMPARE(zip.read(QStringLiteral("a"), 999), QByteArray());
+}
+
+void tst_ZipFile::onlyTheEntryItselfIsBegun()
+{
+    store(ZipBytes::archive({{"first", "hello"},
+                             {"b", "other words"},
+                             {.name = "lie", .data = "hello", .claimedSize = 1 << 30}}));
+    ZipFile zip;
+    QVERIFY(zip.open(path()));
+
+    QCOMPARE(zip.readStart(QStringLiteral("b"), 5), QByteArray("other"));
+    QCOMPARE(zip.readStart(QStringLiteral("lie"), 5), QByteArray());
+    QCOMPARE(zip.readStart(QStringLiteral("absent"), 5), QByteArray());
 }
 
 void tst_ZipFile::dataBeforeAndACommentBehindAreAccepted()
