@@ -55,7 +55,6 @@ void ViewBuilder::makeChildren()
     m_view->m_frameEditor = new FrameEditorWidget;
     m_view->m_timer = new QTimer(m_view);
     m_view->m_iconUpdate.setSingleShot(true);
-    m_view->m_iconUpdate.setInterval(0);
 
     auto *tools = new ToolPalette;
     AnimationEditor::FrameTools::add(tools, m_view->m_frameEditor, m_view);
