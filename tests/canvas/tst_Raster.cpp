@@ -1,4 +1,5 @@
 #include "canvas/Raster.h"
+#include "model/PictureEquality.h"
 #include "support/TestImages.h"
 
 #include <QRandomGenerator>
@@ -301,7 +302,7 @@ void tst_Raster::fillEqualsTheRuleOnAnyPicture()
 
         QVERIFY(Raster::floodFill(image, start, 9));
 
-        QCOMPARE(image, expected);
+        QVERIFY(PictureEquality::haveEqualIndices(image, expected));
     }
 }
 

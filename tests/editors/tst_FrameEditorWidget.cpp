@@ -24,6 +24,7 @@ private slots:
     void clicksOutsideSelectNothing();
     void arrowKeysMoveTheSelection();
     void aRightClickShowsTheCellsFlags();
+    void theMenuWritesAllFlagsAtOnce_data();
     void theMenuWritesAllFlagsAtOnce();
     void ownersActionsReplaceItsOwn();
     void settersWriteTheSelectedCell();
@@ -208,23 +209,37 @@ void tst_FrameEditorWidget::aRightClickShowsTheCellsFlags()
     QVERIFY(!QApplication::activePopupWidget());
 }
 
+void tst_FrameEditorWidget::theMenuWritesAllFlagsAtOnce_data()
+{
+    QTest::addColumn<int>("entry");
+    QTest::newRow("rotated") << 0;
+    QTest::newRow("flipped") << 1;
+    QTest::newRow("mirrored") << 2;
+}
+
 void tst_FrameEditorWidget::theMenuWritesAllFlagsAtOnce()
 {
+    QFETCH(const int, entry);
     FrameEditorWidget editor;
     editor.setAnimation(m_walk);
     editor.show();
     QVERIFY(QTest::qWaitForWindowExposed(&editor));
-    m_walk->frame(0)->setCell({1, 0}, {.index = 4, .offset = 3, .flip = true});
+    Cell before{.index = 4, .offset = 3};
+    before.rotate = entry != 0;
+    before.flip = entry != 1;
+    before.mirror = entry != 2;
+    m_walk->frame(0)->setCell({1, 0}, before);
     QTest::mouseClick(&editor, Qt::RightButton, {}, middle(1, 0));
     auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     QVERIFY(menu);
     QSignalSpy changed(m_walk, &Animation::frameChanged);
 
     QTest::mouseClick(menu, Qt::LeftButton, {},
-                      menu->actionGeometry(menu->actions().at(2)).center());
+                      menu->actionGeometry(menu->actions().at(entry)).center());
 
-    const Cell expected{.index = 4, .offset = 3, .flip = true, .mirror = true};
-    QCOMPARE(cell(1, 0), expected);
+    Cell after = before;
+    after.rotate = after.flip = after.mirror = true;
+    QCOMPARE(cell(1, 0), after);
     QCOMPARE(changed.count(), 1);
     QCOMPARE(cell(0, 0), Cell());
 }

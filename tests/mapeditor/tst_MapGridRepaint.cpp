@@ -71,6 +71,7 @@ private slots:
     void theGridIsPaintedAnew_data();
     void theGridIsPaintedAnew();
     void aStrokePaintsItsCells();
+    void aDragWithNothingToPlacePaintsPerCell();
     void nothingIsPaintedForTheSame();
 
 private:
@@ -247,6 +248,22 @@ void tst_MapGridRepaint::aStrokePaintsItsCells()
     const QRect cells(ShownGrid::Corner + QPoint(1, 1) * ShownGrid::Cell,
                       QSize(2, 1) * ShownGrid::Cell);
     QTRY_COMPARE(QRegion(cells) - paints.region(), QRegion());
+}
+
+void tst_MapGridRepaint::aDragWithNothingToPlacePaintsPerCell()
+{
+    m_shown->grid.setCurrentTileAnimation(nullptr);
+    m_shown->press(ShownGrid::at(1, 1));
+    m_shown->move(ShownGrid::at(1, 1), Qt::LeftButton);
+    QApplication::processEvents();
+    const PaintCounter paints(m_shown->grid);
+
+    m_shown->move(ShownGrid::at(1, 1) + QPoint(2, 2), Qt::LeftButton);
+    QApplication::processEvents();
+    QCOMPARE(paints.count(), 0);
+    m_shown->move(ShownGrid::at(2, 1), Qt::LeftButton);
+
+    QTRY_VERIFY(paints.count() > 0);
 }
 
 void tst_MapGridRepaint::nothingIsPaintedForTheSame()
