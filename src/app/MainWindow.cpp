@@ -8,6 +8,7 @@
 #include "model/Project.h"
 #include "model/SpriteBank.h"
 #include "model/TileSet.h"
+#include "uikit/PlainText.h"
 #include "uikit/ReadableColours.h"
 
 #include <QApplication>
@@ -206,7 +207,8 @@ void MainWindow::importZXFont(int index, int foreIndex, int backIndex, int offse
 
 void MainWindow::projectOpened(Project *project)
 {
-    setWindowTitle(QStringLiteral("%2 - %1").arg(project->name(), QApplication::applicationName()));
+    setWindowTitle(QStringLiteral("%2 - %1").arg(PlainText::shown(project->name()),
+                                                 QApplication::applicationName()));
     m_projectWindow.setEnabled(true);
     m_projectWindow.showContent();
     m_projectWindow.setProject(project);

@@ -3,6 +3,7 @@
 #include "colour/ColourEditor.h"
 #include "colour/PaletteGrid.h"
 #include "model/Palette.h"
+#include "uikit/PlainText.h"
 #include "uikit/ThemedIcon.h"
 
 #include <QHBoxLayout>
@@ -130,8 +131,9 @@ void PaletteWindow::enableButtons()
 
 void PaletteWindow::showTitle()
 {
-    setWindowTitle(m_range.palette ? tr("Palette: %1").arg(m_range.palette->name())
-                                   : tr("Palette Editor"));
+    setWindowTitle(m_range.palette
+                       ? tr("Palette: %1").arg(PlainText::shown(m_range.palette->name()))
+                       : tr("Palette Editor"));
 }
 
 void PaletteWindow::showColour()

@@ -1,5 +1,7 @@
 #include "dialogs/DocumentCombo.h"
 
+#include "uikit/PlainText.h"
+
 #include <algorithm>
 
 DocumentCombo::DocumentCombo(QWidget *parent)
@@ -32,7 +34,7 @@ void DocumentCombo::setEntries(QList<Entry> entries, int first)
     while (count() > first)
         removeItem(count() - 1);
     for (const Entry &entry : std::as_const(entries))
-        addItem(entry.name, entry.id);
+        addItem(PlainText::shown(entry.name), entry.id);
     const int kept = current.isValid() ? findData(current) : -1;
     setCurrentIndex(kept >= 0 || count() == 0 ? kept : 0);
 }

@@ -7,6 +7,7 @@
 #include "model/Palette.h"
 #include "model/SpriteBank.h"
 #include "uikit/NumberRange.h"
+#include "uikit/PlainText.h"
 #include "uikit/ThemedIcon.h"
 #include "uikit/ToolPalette.h"
 
@@ -128,7 +129,7 @@ void SpriteWindow::setSprites(QPointer<SpriteBank> sprites)
         return;
     }
 
-    setWindowTitle(tr("Sprites: %1").arg(m_sprites->name()));
+    setWindowTitle(tr("Sprites: %1").arg(PlainText::shown(m_sprites->name())));
     connectBank();
     const bool isFourBit = m_sprites->depth() == Tessaril::Sprite::FourBit;
     const auto type =

@@ -2,6 +2,7 @@
 
 #include "editors/TilePickerGrid.h"
 #include "model/TileSet.h"
+#include "uikit/PlainText.h"
 
 #include <QScrollArea>
 
@@ -54,7 +55,8 @@ QList<QAction *> TilePickerTool::zoomActions() const
 
 void TilePickerTool::showTitle()
 {
-    setWindowTitle(m_tileSet ? tr("Tiles: %1").arg(m_tileSet->name()) : tr("Tiles"));
+    setWindowTitle(m_tileSet ? tr("Tiles: %1").arg(PlainText::shown(m_tileSet->name()))
+                             : tr("Tiles"));
 }
 
 /// Scrolls to a tile picked elsewhere.

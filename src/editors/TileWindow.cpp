@@ -11,6 +11,7 @@
 #include "model/TileSet.h"
 #include "uikit/Expandable.h"
 #include "uikit/NumberRange.h"
+#include "uikit/PlainText.h"
 #include "uikit/ToolPalette.h"
 
 #include <QFormLayout>
@@ -189,7 +190,8 @@ int TileWindow::tileNumber() const
 
 void TileWindow::showTitle()
 {
-    setWindowTitle(m_tileSet ? tr("Tile Editor: %1").arg(m_tileSet->name()) : tr("Tile Editor"));
+    setWindowTitle(m_tileSet ? tr("Tile Editor: %1").arg(PlainText::shown(m_tileSet->name()))
+                             : tr("Tile Editor"));
 }
 
 /// Null if the set does not have the number.

@@ -3,6 +3,7 @@
 #include "editors/AnimationListWidget.h"
 #include "model/MapObjects.h"
 #include "model/TileSet.h"
+#include "uikit/PlainText.h"
 
 #include <QComboBox>
 #include <QSignalBlocker>
@@ -60,7 +61,8 @@ void BlockSelectorWindow::setTileSet(const QPointer<TileSet> &tileSet)
 
 void BlockSelectorWindow::showTitle()
 {
-    setWindowTitle(m_tileSet ? tr("Map Objects: %1").arg(m_tileSet->name()) : tr("Map Objects"));
+    setWindowTitle(m_tileSet ? tr("Map Objects: %1").arg(PlainText::shown(m_tileSet->name()))
+                             : tr("Map Objects"));
 }
 
 void BlockSelectorWindow::listBlocks()
@@ -83,7 +85,7 @@ void BlockSelectorWindow::listBlocks()
         const QSignalBlocker blocker(m_listCombo);
         m_listCombo->clear();
         for (const auto &blocks : std::as_const(m_blockLists)) {
-            m_listCombo->addItem(blocks->name());
+            m_listCombo->addItem(PlainText::shown(blocks->name()));
             connect(blocks, &MapObjects::animationsChanged, this,
                     [this] { changeList(m_listCombo->currentIndex()); });
             connect(blocks, &MapObjects::nameChanged, this, &BlockSelectorWindow::listBlocks);

@@ -3,6 +3,7 @@
 #include "editors/AnimationListWidget.h"
 #include "model/SpriteBank.h"
 #include "uikit/CurrentItem.h"
+#include "uikit/PlainText.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -75,7 +76,7 @@ void SpriteAnimSelector::setBanks(const QList<QPointer<SpriteBank>> &banks)
         const QSignalBlocker blocker(m_bankCombo);
         m_bankCombo->clear();
         for (const auto &bank : std::as_const(m_banks)) {
-            m_bankCombo->addItem(bank->name(), bank->id());
+            m_bankCombo->addItem(PlainText::shown(bank->name()), bank->id());
             connect(bank, &SpriteBank::animationsChanged, this,
                     &SpriteAnimSelector::updateAnimations);
             connect(bank, &SpriteBank::countChanged, this, &SpriteAnimSelector::updateAnimations);

@@ -1,8 +1,11 @@
 #include "tree/ProjectTree.h"
 
+#include "uikit/PlainText.h"
+
 #include <QKeyEvent>
 #include <QMenu>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 
 #include <array>
 
@@ -24,6 +27,18 @@ constexpr std::array<Group, 6> Groups = {{
     {QT_TRANSLATE_NOOP("ProjectTree", "Maps"), Qt::cyan},
     {QT_TRANSLATE_NOOP("ProjectTree", "Images"), Qt::yellow},
 }};
+
+/// Long names are shown by their beginning, and edited whole.
+class NameDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QString displayText(const QVariant &value, const QLocale &) const override
+    {
+        return PlainText::shown(value.toString());
+    }
+};
 
 /// From the last child to the first, so that the places of those to come stay.
 void removeChildren(QTreeWidgetItem *parent, const QUuid &id)
@@ -47,6 +62,7 @@ ProjectTree::ProjectTree(QWidget *parent)
     setMouseTracking(false);
     setFocusPolicy(Qt::NoFocus);
     setColumnCount(1);
+    setItemDelegate(new NameDelegate(this));
     setExpandsOnDoubleClick(false);
     setEditTriggers(QAbstractItemView::EditKeyPressed);
     setAccessibleName(tr("Project"));

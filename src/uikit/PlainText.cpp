@@ -2,9 +2,20 @@
 
 #include <QTextDocument>
 
+namespace {
+
+constexpr qsizetype MaxShown = 500; // letters
+
+} // namespace
+
+QString PlainText::shown(const QString &name)
+{
+    return name.size() > MaxShown ? name.left(MaxShown) + QChar(0x2026) : name;
+}
+
 QString PlainText::label(const QString &text)
 {
-    QString escaped = text;
+    QString escaped = shown(text);
     return escaped.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 

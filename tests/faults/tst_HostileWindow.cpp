@@ -20,6 +20,7 @@
 
 #include <QDir>
 #include <QLabel>
+#include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -42,10 +43,12 @@ private slots:
     void oddNamesShowAsPlainText();
     void cellsAtTheLimitsPlayAndSave_data();
     void cellsAtTheLimitsPlayAndSave();
+    void exchangedIdsAreShownDeletedAndSaved();
 
 private:
     bool open(const Entries &entries);
     void openEveryDocument();
+    void deleteEveryDocument();
     Project *project() { return m_window->projectController()->project(); }
     DocumentController *documents() { return m_window->documentController(); }
 
@@ -56,6 +59,7 @@ private:
 namespace {
 
 constexpr int WidestWindow = 4000; // pixels that a name may make it need
+constexpr int MaxMs = 3000;        // of the processor, to open and show all documents
 constexpr int TicksOfTenSeconds = 500;
 const QString JsonName = QStringLiteral("project.json");
 
@@ -135,6 +139,23 @@ void tst_HostileWindow::openEveryDocument()
         documents()->setActiveMap(map->id());
 }
 
+void tst_HostileWindow::deleteEveryDocument()
+{
+    using Node = ProjectTree::ProjectNode;
+    const auto remove = [this](Node node, const auto &documents) {
+        QList<QUuid> ids;
+        for (const auto &document : documents)
+            ids += document->id();
+        for (const QUuid &id : std::as_const(ids))
+            emit m_window->views().projectWindow->deleteItemTriggered(node, id);
+    };
+    remove(Node::Map, project()->maps());
+    remove(Node::Objects, project()->mapObjects());
+    remove(Node::Sprites, project()->spriteBanks());
+    remove(Node::TileSet, project()->tileSets());
+    remove(Node::Palette, project()->palettes());
+}
+
 void tst_HostileWindow::oddNamesShowAsPlainText_data()
 {
     QTest::addColumn<QString>("name");
@@ -165,12 +186,15 @@ void tst_HostileWindow::oddNamesShowAsPlainText()
     for (const auto &blocks : named.mapObjects())
         blocks->setName(name);
 
+    const qint64 start = Sweep::usedMs();
     QVERIFY(open(named.archiveEntries(true)));
     openEveryDocument();
     m_window->showError(name);
 
     QVERIFY(!m_window->grab().isNull());
     QCOMPARE(richTexts(*m_window), QStringList());
+    const qint64 spent = Sweep::usedMs() - start;
+    QVERIFY2(spent < MaxMs * (Sweep::peakMegabytes() ? 1 : 10), qPrintable(QString::number(spent)));
     QVERIFY(m_window->minimumSizeHint().width() < WidestWindow);
     QVERIFY(m_window->minimumSizeHint().height() < WidestWindow);
     QVERIFY(m_window->width() < WidestWindow && m_window->height() < WidestWindow);
@@ -220,6 +244,43 @@ void tst_HostileWindow::cellsAtTheLimitsPlayAndSave()
     ProjectStore store;
     QVERIFY(store.load(m_folder->filePath(QStringLiteral("a.tessaril"))));
     m_window->projectController()->close();
+}
+
+/// Ids of a project in each other's places, dangling and null.
+void tst_HostileWindow::exchangedIdsAreShownDeletedAndSaved()
+{
+    Boxes boxes(QMessageBox::Ok);
+    const Entries whole = richEntries();
+    const QString json = QString::fromUtf8(whole.value(JsonName));
+    static const QRegularExpression pattern(QStringLiteral("\\{[0-9a-f-]{36}\\}"));
+    QList<qsizetype> places;
+    QStringList ids{QUuid().toString(), QUuid::createUuid().toString()};
+    for (auto match = pattern.globalMatch(json); match.hasNext();) {
+        const auto found = match.next();
+        places += found.capturedStart();
+        ids += found.captured();
+    }
+    QRandomGenerator random(3);
+    int opened = 0;
+    for (int round = 0; round < Sweep::count(12, 400); ++round) {
+        Entries entries = whole;
+        entries[JsonName] = QString(json)
+                                .replace(places.at(random.bounded(places.size())), 38,
+                                         ids.at(random.bounded(ids.size())))
+                                .toUtf8();
+        if (!open(entries))
+            continue;
+        ++opened;
+        openEveryDocument();
+        QVERIFY(!m_window->grab().isNull());
+        deleteEveryDocument();
+        m_window->projectController()->save();
+        ProjectStore store;
+        QVERIFY(store.load(m_folder->filePath(QStringLiteral("a.tessaril"))));
+        m_window->projectController()->close();
+    }
+    QVERIFY(opened > 5);
+    Sweep::report(QStringLiteral("C3 in the window: %1 projects").arg(opened));
 }
 
 QTEST_MAIN(tst_HostileWindow)

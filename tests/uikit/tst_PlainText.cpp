@@ -10,6 +10,7 @@ class tst_PlainText : public QObject
 private slots:
     void aLabelShowsItsAmpersands_data();
     void aLabelShowsItsAmpersands();
+    void aLongNameIsShownByItsBeginning();
     void aToolTipShowsItsText_data();
     void aToolTipShowsItsText();
 };
@@ -32,6 +33,15 @@ void tst_PlainText::aLabelShowsItsAmpersands()
     QFETCH(QString, text);
 
     QTEST(PlainText::label(text), "label");
+}
+
+void tst_PlainText::aLongNameIsShownByItsBeginning()
+{
+    const QString longest(500, u'n');
+
+    QCOMPARE(PlainText::shown(longest), longest);
+    QCOMPARE(PlainText::shown(longest + "n"), longest + QChar(0x2026));
+    QCOMPARE(PlainText::label(longest + "&"), longest + QChar(0x2026));
 }
 
 void tst_PlainText::aToolTipShowsItsText_data()
