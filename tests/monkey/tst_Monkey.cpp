@@ -157,6 +157,8 @@ void tst_Monkey::init()
     s_warnings.clear();
     m_handler = qInstallMessageHandler(collect);
     m_window = std::make_unique<MainWindow>();
+    // Nobody answers there: the About dialog must not ask beyond this machine.
+    m_window->updates()->checker().setFeedAddress(QUrl(QStringLiteral("http://127.0.0.1:9/")));
     m_window->projectController()->_unsavedPrompt = [](const QString &) {
         return ProjectController::DiscardChanges;
     };
