@@ -2,6 +2,7 @@
 
 #include "model/Map.h"
 #include "model/Palette.h"
+#include "model/SpriteBank.h"
 #include "model/Tile.h"
 #include "model/TileSet.h"
 
@@ -12,16 +13,11 @@ Bench::Level::Level(int side)
     , tiles(std::make_unique<TileSet>())
     , map(std::make_unique<Map>(QStringLiteral("level")))
 {
-    QRandomGenerator generator(512);
     palette->setDefaultColours();
     tiles->setPalette(palette.get());
-    for (Tile *tile : tiles->tiles()) {
-        QImage image = Tile::blankImage(palette->colourTable());
-        for (int i = 0; i < Tile::Side * Tile::Side; ++i)
-            image.setPixel(i % Tile::Side, i / Tile::Side, generator.bounded(16U));
-        tile->setImage(image);
-    }
+    fillTiles(tiles.get());
 
+    QRandomGenerator generator(256);
     TileMap::Rows rows(side, QList<TileMap::TileData>(side));
     for (QList<TileMap::TileData> &row : rows) {
         for (TileMap::TileData &cell : row)
@@ -34,6 +30,32 @@ Bench::Level::Level(int side)
 }
 
 Bench::Level::~Level() = default;
+
+void Bench::fillTiles(TileSet *tiles)
+{
+    QRandomGenerator generator(512);
+    const QPointer<Palette> palette = tiles->palette();
+    for (Tile *tile : tiles->tiles()) {
+        QImage image = Tile::blankImage(palette->colourTable());
+        for (int i = 0; i < Tile::Side * Tile::Side; ++i)
+            image.setPixel(i % Tile::Side, i / Tile::Side, generator.bounded(16U));
+        tile->setImage(image);
+    }
+}
+
+void Bench::fillBank(SpriteBank *bank, int count)
+{
+    QRandomGenerator generator(200);
+    bank->grow(count - bank->count());
+    QImage picture(SpriteBank::SpriteSide, SpriteBank::SpriteSide, QImage::Format_Indexed8);
+    for (int i = 0; i < bank->count(); ++i) {
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                picture.scanLine(y)[x] = static_cast<uchar>(generator.bounded(256));
+        }
+        bank->setImage(i, picture);
+    }
+}
 
 TileMap::TileData Bench::anyCell(int number)
 {

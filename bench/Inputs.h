@@ -9,6 +9,7 @@
 
 class Map;
 class Palette;
+class SpriteBank;
 class TileSet;
 
 /// What the rows work on: made here, with fixed seeds, the same in every run.
@@ -25,6 +26,11 @@ struct Level
     std::unique_ptr<TileSet> tiles;
     std::unique_ptr<Map> map;
 };
+
+/// Noise of all sixteen values in every tile.
+void fillTiles(TileSet *tiles);
+/// Makes a bank of one sprite one of @p count, with noise of all 256 values.
+void fillBank(SpriteBank *bank, int count);
 
 /// A cell of any tile, turn and offset that @p number stands for; near numbers differ.
 TileMap::TileData anyCell(int number);

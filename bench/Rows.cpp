@@ -40,6 +40,8 @@ std::vector<Bench::Row> Bench::allRows()
     addProjectRows(&rows);
     addPaintingRows(&rows);
     addCanvasRows(&rows);
+    addPickerRows(&rows);
+    addPaletteRows(&rows);
     addImportRows(&rows);
     return rows;
 }

@@ -46,6 +46,8 @@ void addImportRows(std::vector<Row> *rows);
 void addMapPaintRows(std::vector<Row> *rows);
 void addMapRows(std::vector<Row> *rows);
 void addPaintingRows(std::vector<Row> *rows);
+void addPaletteRows(std::vector<Row> *rows);
+void addPickerRows(std::vector<Row> *rows);
 void addPictureRows(std::vector<Row> *rows);
 void addProjectRows(std::vector<Row> *rows);
 
