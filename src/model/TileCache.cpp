@@ -1,11 +1,24 @@
 #include "model/TileCache.h"
 
+#include "model/Tile.h"
 #include "model/TileSet.h"
 
 #include <QImage>
 
 #include <cstring>
 #include <utility>
+
+namespace {
+
+/// Eight pixels of an image that is so wide.
+quint64 rowOf(const QImage &image, size_t y)
+{
+    quint64 row = 0;
+    std::memcpy(&row, image.constScanLine(static_cast<int>(y)), sizeof(row));
+    return row;
+}
+
+} // namespace
 
 TileCache::Pixels TileCache::pixelsOf(const TileSet &tiles, int index, Turn turn)
 {
@@ -16,11 +29,8 @@ TileCache::Pixels TileCache::pixelsOf(const TileSet &tiles, int index, Turn turn
     if (image.format() != QImage::Format_Indexed8 || image.size() != QSize(Side, Side))
         return pixels;
 
-    for (int y = 0; y < Side; ++y) {
-        quint64 row = 0;
-        std::memcpy(&row, image.constScanLine(y), sizeof(row));
-        pixels[static_cast<size_t>(y)] = row & LowNibbles;
-    }
+    for (size_t y = 0; y < Side; ++y)
+        pixels[y] = rowOf(image, y) & LowNibbles;
     return pixels;
 }
 
@@ -31,6 +41,12 @@ void TileCache::reset(const TileSet *tiles)
     m_pixels.clear();
     m_slots.assign(slotOf(m_count, {}), nullptr);
     m_outOfRange.clear();
+    m_tilePixels = tilePixels(tiles);
+}
+
+bool TileCache::isCurrent(const TileSet *tiles) const
+{
+    return tiles && tiles == m_tiles && m_tilePixels == tilePixels(tiles);
 }
 
 const TileCache::Pixels &TileCache::pixels(int index, Turn turn)
@@ -59,4 +75,15 @@ const TileCache::Pixels *TileCache::made(int index, Turn turn)
 {
     m_pixels.push_back(m_tiles ? pixelsOf(*m_tiles, index, turn) : Pixels{});
     return &m_pixels.back();
+}
+
+std::vector<TileCache::Pixels> TileCache::tilePixels(const TileSet *tiles)
+{
+    std::vector<Pixels> pixels(tiles ? static_cast<size_t>(tiles->count()) : 0);
+    for (size_t i = 0; i < pixels.size(); ++i) {
+        const QImage &image = tiles->tile(static_cast<int>(i))->image();
+        for (size_t y = 0; y < Side; ++y)
+            pixels[i][y] = rowOf(image, y);
+    }
+    return pixels;
 }

@@ -38,6 +38,9 @@ public:
 
     /// Drops all entries and draws from @p tiles from now on; null for none.
     void reset(const TileSet *tiles);
+    /// Whether the set given to reset(), if it is @p tiles, has the same pixels in its tiles as it
+    /// had then; their colours do not count. False without a set.
+    bool isCurrent(const TileSet *tiles) const;
     /// The pixels of a tile of the set given to reset(). Valid until the next reset(). The entry of
     /// an index out of range serves all turns, so that each is logged once.
     const Pixels &pixels(int index, Turn turn);
@@ -55,9 +58,11 @@ private:
         return static_cast<size_t>(index) * TurnCount + static_cast<size_t>(bits);
     }
     const Pixels *made(int index, Turn turn);
+    static std::vector<Pixels> tilePixels(const TileSet *tiles);
 
     const TileSet *m_tiles = nullptr;
-    int m_count = 0; // of tiles
+    int m_count = 0;                  // of tiles
+    std::vector<Pixels> m_tilePixels; // at the time of the reset
     std::deque<Pixels> m_pixels;
     std::vector<const Pixels *> m_slots; // by slotOf(), null where there is none yet
     QHash<int, const Pixels *> m_outOfRange;

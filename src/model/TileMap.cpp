@@ -248,7 +248,7 @@ void TileMap::setTileSet(const QPointer<TileSet> &tiles)
         return;
 
     connect(tiles, &TileSet::tileSwapped, this, &TileMap::swapTiles);
-    connect(tiles, &TileSet::tileChanged, this, &TileMap::dropPicture);
+    connect(tiles, &TileSet::tileChanged, this, &TileMap::tilesMayDiffer);
     connect(tiles, &TileSet::restored, this, &TileMap::dropPicture);
 }
 
@@ -335,9 +335,20 @@ void TileMap::fromData(QPoint topLeft, const QMimeData *mimeData)
     dropPicture();
 }
 
-bool TileMap::hasPicture() const
+bool TileMap::hasPicture()
 {
-    return !m_image.isNull() && m_drawnTiles == m_tiles && m_drawnPalette == paletteIdOf(m_tiles);
+    if (m_image.isNull() || m_drawnTiles != m_tiles || m_drawnPalette != paletteIdOf(m_tiles))
+        return false;
+    m_tilesMayDiffer = m_tilesMayDiffer && !m_tileCache.isCurrent(m_tiles);
+    return !m_tilesMayDiffer;
+}
+
+/// A change is told for each tile of an import, and for a mere colour too: what there is to do is
+/// found out once, when the picture is asked for.
+void TileMap::tilesMayDiffer()
+{
+    m_log.addAll();
+    m_tilesMayDiffer = true;
 }
 
 void TileMap::dropPicture()
@@ -365,11 +376,13 @@ QImage TileMap::drawn(QRect cells)
 {
     m_drawnTiles = m_tiles;
     m_drawnPalette = paletteIdOf(m_tiles);
+    m_tilesMayDiffer = false;
     QImage image = blankPicture(cells.size() * CellSide);
     if (image.isNull())
         return image;
     if (!m_tiles || !m_tiles->palette()) {
         qWarning("_tiles==nullptr");
+        m_tileCache.reset(nullptr);
         image.fill(0);
         return image;
     }

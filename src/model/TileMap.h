@@ -16,7 +16,8 @@ class TileSet;
 /// A grid of cells that name tiles: one layer of a map, and its cached picture.
 ///
 /// Sizes and positions count cells; a cell is 8 by 8 pixels in the picture. Everything but
-/// setCell() throws the cached picture away; it is made again when somebody asks for it.
+/// setCell() throws the cached picture away; it is made again when somebody asks for it. It holds
+/// indices, so that a set whose tiles only have other colours by then needs no new one.
 class TileMap : public QObject
 {
     Q_OBJECT
@@ -127,7 +128,8 @@ signals:
 
 private:
     void swapTiles(int first, int second);
-    bool hasPicture() const;
+    bool hasPicture();
+    void tilesMayDiffer();
     void dropPicture();
     void keepSpare();
     QImage blankPicture(QSize size);
@@ -145,6 +147,7 @@ private:
     QImage m_spare;                  // the last picture, for its memory
     TileSet *m_drawnTiles = nullptr; // what the picture was drawn with; only compared
     QUuid m_drawnPalette;            // null for none
+    bool m_tilesMayDiffer = false;   // from what was drawn
     TileCache m_tileCache;
     int m_cacheHits = 0;
     CellLog m_log;

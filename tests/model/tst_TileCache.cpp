@@ -40,6 +40,8 @@ private slots:
     void resettingDropsTheEntries();
     void swappingExchangesEntriesThatAreThere();
     void withoutASetAllIsBlank();
+    void itIsCurrentWhileTheTilesHaveTheirPixels();
+    void itIsCurrentForItsSetOnly();
 };
 
 void tst_TileCache::anEntryHoldsTheTilesPixels()
@@ -149,6 +151,35 @@ void tst_TileCache::withoutASetAllIsBlank()
     cache.reset(nullptr);
 
     QCOMPARE(text(cache.pixels(0, {})), QStringList(8, "00000000"));
+}
+
+void tst_TileCache::itIsCurrentWhileTheTilesHaveTheirPixels()
+{
+    TileSet tiles(nullptr, 2);
+    TileCache cache;
+    cache.reset(&tiles);
+    tiles.updateColour(3, Qt::red);
+    QVERIFY(cache.isCurrent(&tiles));
+
+    tiles.tile(1)->setImage(TestImages::indexed(Arrow));
+    QVERIFY(!cache.isCurrent(&tiles));
+    cache.reset(&tiles);
+    QVERIFY(cache.isCurrent(&tiles));
+    tiles.deleteTile(0);
+    QVERIFY(!cache.isCurrent(&tiles));
+}
+
+void tst_TileCache::itIsCurrentForItsSetOnly()
+{
+    const TileSet tiles(nullptr, 2);
+    const TileSet others(nullptr, 2);
+    TileCache cache;
+    QVERIFY(!cache.isCurrent(nullptr));
+
+    cache.reset(&tiles);
+
+    QVERIFY(!cache.isCurrent(&others));
+    QVERIFY(!cache.isCurrent(nullptr));
 }
 
 QTEST_GUILESS_MAIN(tst_TileCache)
