@@ -122,9 +122,14 @@ void TilePickerGrid::refreshPictures()
 
 void TilePickerGrid::updateCell(int index)
 {
-    // The marks are drawn with a wide pen.
     if (index >= 0)
-        update(cellRect(index).adjusted(-1, -1, 1, 1));
+        update(markRect(index));
+}
+
+/// The marks are drawn with a wide pen.
+QRect TilePickerGrid::markRect(int index) const
+{
+    return cellRect(index).adjusted(-1, -1, 1, 1);
 }
 
 int TilePickerGrid::count() const

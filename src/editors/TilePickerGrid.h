@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editors/HoverMark.h"
 #include "editors/TileGridPictures.h"
 #include "uikit/Spoken.h"
 
@@ -89,6 +90,7 @@ private:
     void tilesChanged();
     void refreshPictures();
     void updateCell(int index);
+    QRect markRect(int index) const;
 
     void pick(int index);
     int steppedIndex(int key) const;
@@ -103,7 +105,7 @@ private:
     void startDrag(int index);
     bool isOwnDrag(const QDropEvent *event) const;
     void paintCells(QPainter *painter, const QRect &area);
-    void paintMarks(QPainter *painter);
+    void paintMarks(QPainter *painter, const QRegion &region);
     void paintMarkedTile(QPainter *painter, int index);
 
     QPointer<TileSet> m_tileSet;
@@ -120,6 +122,7 @@ private:
     QList<QAction *> m_zoomActions;
 
     TileGridPictures m_pictures;
+    HoverMark m_hoverMark;
     bool m_picturesAreOld = false;
     bool m_refreshIsQueued = false;
 };

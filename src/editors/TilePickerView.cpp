@@ -17,8 +17,6 @@ namespace {
 
 constexpr int PenWidth = 2; // pixels
 constexpr int LastPlainIndex = 512;
-const QColor HoverLine(160, 160, 255, 128);
-const QColor HoverFill(160, 160, 255, 80);
 const QColor BeyondFill(0, 0, 0, 64); // over tiles past those that a map can address
 
 QPen markPen(const QColor &colour, Qt::PenStyle style)
@@ -35,8 +33,11 @@ void TilePickerGrid::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     for (const QRect &area : event->region())
         paintCells(&painter, area);
-    paintMarks(&painter);
-    for (int index = LastPlainIndex + 1; index < count(); ++index) {
+    paintMarks(&painter, event->region());
+    const QRect area = event->region().boundingRect();
+    const int first = area.top() / cellSide() * columns();
+    const int end = std::min((area.bottom() / cellSide() + 1) * columns(), count());
+    for (int index = std::max(first, LastPlainIndex + 1); index < end; ++index) {
         const QRect tile = m_pictures.tileRect(cellRect(index).topLeft());
         if (event->region().intersects(tile))
             painter.fillRect(tile, BeyondFill);
@@ -64,10 +65,10 @@ void TilePickerGrid::paintCells(QPainter *painter, const QRect &area)
     }
 }
 
-void TilePickerGrid::paintMarks(QPainter *painter)
+void TilePickerGrid::paintMarks(QPainter *painter, const QRegion &region)
 {
     for (const int index : std::set<int>{m_dropIndex, m_hoverIndex, m_selectedIndex}) {
-        if (contains(index))
+        if (contains(index) && region.intersects(markRect(index)))
             paintMarkedTile(painter, index);
     }
 }
@@ -75,25 +76,19 @@ void TilePickerGrid::paintMarks(QPainter *painter)
 void TilePickerGrid::paintMarkedTile(QPainter *painter, int index)
 {
     const QRect tile = m_pictures.tileRect(cellRect(index).topLeft());
-    const auto draw = [painter](const QRect &rect, const QPen &pen, const QBrush &brush) {
-        painter->setPen(pen);
-        painter->setBrush(brush);
+    const auto drawFrame = [painter](const QRect &rect) {
+        painter->setBrush(Qt::NoBrush);
+        painter->setPen(markPen(Qt::black, Qt::SolidLine));
+        painter->drawRects(&rect, 1);
+        painter->setPen(markPen(Qt::white, Qt::DotLine));
         painter->drawRects(&rect, 1);
     };
-    const QPen black = markPen(Qt::black, Qt::SolidLine);
-    const QPen dots = markPen(Qt::white, Qt::DotLine);
-    if (index == m_dropIndex) {
-        draw(tile, black, Qt::NoBrush);
-        draw(tile, dots, Qt::NoBrush);
-    } else if (index == m_hoverIndex && underMouse()) {
-        draw(tile, markPen(HoverLine, Qt::SolidLine), HoverFill);
-        draw(tile, dots, Qt::NoBrush);
-    }
-    if (index == m_selectedIndex) {
-        const QRect inner = tile.adjusted(0, 0, -1, -1);
-        draw(inner, black, Qt::NoBrush);
-        draw(inner, dots, Qt::NoBrush);
-    }
+    if (index == m_dropIndex)
+        drawFrame(tile);
+    else if (index == m_hoverIndex && underMouse())
+        m_hoverMark.paint(painter, tile);
+    if (index == m_selectedIndex)
+        drawFrame(tile.adjusted(0, 0, -1, -1));
 }
 
 void TilePickerGrid::startDrag(int index)
