@@ -46,6 +46,12 @@ bool isFilledWith(quint64 pattern, const uchar *bytes)
     return differing == 0;
 }
 
+/// Whether a whole row does; this looks at many more bytes at once.
+bool isRowFilledWith(uchar index, const uchar *row, int width)
+{
+    return row[0] == index && std::memcmp(row, row + 1, static_cast<size_t>(width) - 1) == 0;
+}
+
 /// The pixels of a row, from @p x on, that bear the byte of @p pattern; beyond the end of the row
 /// none.
 quint64 equalPixels(const uchar *row, int x, int width, quint64 pattern)
@@ -91,12 +97,10 @@ public:
         , m_rowStep(static_cast<size_t>(m_words) + 1)
         , m_open(m_rowStep * (static_cast<size_t>(image.height()) + 2))
         , m_seeds(m_open.size())
+        , m_wasOpen(static_cast<size_t>(image.height()))
     {
-        for (int y = 0; y < image.height(); ++y) {
-            const uchar *const row = image.constScanLine(y);
-            for (int word = 0; word < m_words; ++word)
-                m_open[at(word, y)] = equalPixels(row, word * WordBits, image.width(), m_pattern);
-        }
+        for (int y = 0; y < image.height(); ++y)
+            readRow(y, target);
     }
 
     void fillFrom(QPoint start)
@@ -113,9 +117,10 @@ public:
     void paint(uchar index)
     {
         for (int y = 0; y < m_image.height(); ++y) {
-            uchar *const row = m_image.scanLine(y);
-            for (int word = 0; word < m_words; ++word)
-                paintWord(row, word * WordBits, ~m_open[at(word, y)], index);
+            if (isFilled(y))
+                std::memset(m_image.scanLine(y), index, static_cast<size_t>(m_image.width()));
+            else
+                paintRow(m_image.scanLine(y), &m_open[at(0, y)], index);
         }
     }
 
@@ -125,6 +130,34 @@ private:
     size_t at(int word, int y) const
     {
         return (static_cast<size_t>(y) + 1) * m_rowStep + static_cast<size_t>(word);
+    }
+
+    // Both rows' functions stay apart: inlined, they take registers that the fill needs.
+    Q_NEVER_INLINE void readRow(int y, uchar target)
+    {
+        const int width = m_image.width();
+        const uchar *const row = m_image.constScanLine(y);
+        quint64 *const open = &m_open[at(0, y)];
+        const bool isOpen = isRowFilledWith(target, row, width);
+        m_wasOpen[static_cast<size_t>(y)] = isOpen;
+        if (isOpen)
+            std::fill_n(open, m_words - 1, AllBits);
+        for (int word = isOpen ? m_words - 1 : 0; word < m_words; ++word)
+            open[word] = equalPixels(row, word * WordBits, width, m_pattern);
+    }
+
+    Q_NEVER_INLINE void paintRow(uchar *row, const quint64 *open, uchar index) const
+    {
+        for (int word = 0; word < m_words; ++word)
+            paintWord(row, word * WordBits, ~open[word], index);
+    }
+
+    /// Whether the fill has reached every pixel of a row.
+    bool isFilled(int y) const
+    {
+        const quint64 *const open = &m_open[at(0, y)];
+        return m_wasOpen[static_cast<size_t>(y)] &&
+               std::all_of(open, open + m_words, [](quint64 bits) { return bits == 0; });
     }
 
     void addSeeds(size_t place, quint64 seeds)
@@ -199,6 +232,7 @@ private:
     size_t m_rowStep;
     std::vector<quint64> m_open;
     std::vector<quint64> m_seeds;
+    std::vector<bool> m_wasOpen;    // whole rows, before the fill
     std::vector<quint32> m_waiting; // places with seeds, each once
 };
 

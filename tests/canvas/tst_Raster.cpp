@@ -96,6 +96,8 @@ private slots:
     void fillOutsideDoesNothing();
     void fillEqualsTheRuleOnAnyPicture_data();
     void fillEqualsTheRuleOnAnyPicture();
+    void openRowsBehindAWallStay_data();
+    void openRowsBehindAWallStay();
     void turnsASquare();
     void turnsARectangleWithinItsSize();
     void scrollsAroundTheEdges_data();
@@ -304,6 +306,28 @@ void tst_Raster::fillEqualsTheRuleOnAnyPicture()
 
         QVERIFY(PictureEquality::haveEqualIndices(image, expected));
     }
+}
+
+void tst_Raster::openRowsBehindAWallStay_data()
+{
+    QTest::addColumn<int>("width");
+    for (const int width : {1, 2, 63, 64, 65, 130})
+        QTest::addRow("%d pixels", width) << width;
+}
+
+void tst_Raster::openRowsBehindAWallStay()
+{
+    QFETCH(int, width);
+    QImage image = blank(width, 5);
+    for (int x = 0; x < width; ++x)
+        image.setPixel(x, 2, 1);
+
+    QVERIFY(Raster::floodFill(image, {width - 1, 0}, 9));
+
+    QStringList expected;
+    for (const char index : {'9', '9', '1', '0', '0'})
+        expected << QString(width, QLatin1Char(index));
+    QCOMPARE(rows(image), expected);
 }
 
 void tst_Raster::turnsASquare()
