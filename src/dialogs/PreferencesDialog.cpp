@@ -110,12 +110,13 @@ void PreferencesDialog::reject()
     QDialog::reject();
 }
 
-bool PreferencesDialog::event(QEvent *event)
+void PreferencesDialog::setVisible(bool visible)
 {
-    // Before the first show only: the icons of the buttons would be a sixth of the program's start.
-    if (event->type() == QEvent::Polish)
+    // Not before the first show: the icons of the buttons would be a sixth of the program's start.
+    // A main window that is shown also polishes the dialogs that it owns.
+    if (visible && m_buttons->standardButtons() == QDialogButtonBox::NoButton)
         m_buttons->setStandardButtons(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
-    return QDialog::event(event);
+    QDialog::setVisible(visible);
 }
 
 void PreferencesDialog::showEvent(QShowEvent *event)

@@ -32,11 +32,12 @@ public:
     /// Nothing happens if the document is null or empty.
     void restore(const QJsonDocument &document);
 
+    void setVisible(bool visible) override;
+
 public slots:
     void reject() override;
 
 protected:
-    bool event(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private slots:

@@ -17,6 +17,7 @@ class tst_PreferencesDialog : public QObject
 
 private slots:
     void listsItsPages();
+    void theButtonsAreMadeAtTheFirstShow();
     void aClickInTheListChangesThePage();
     void theSnapshotHoldsAMemberForEachPage();
     void cancelBringsTheOldValuesBack();
@@ -58,6 +59,26 @@ void tst_PreferencesDialog::listsItsPages()
     const auto *buttons = dialog.findChild<QDialogButtonBox *>();
     QVERIFY(buttons->button(QDialogButtonBox::Save));
     QVERIFY(buttons->button(QDialogButtonBox::Cancel));
+}
+
+/// Their icons are looked for in the desktop's theme, which the start of the program can do
+/// without.
+void tst_PreferencesDialog::theButtonsAreMadeAtTheFirstShow()
+{
+    QWidget window;
+    PreferencesDialog dialog(&window);
+    const auto *buttons = dialog.findChild<QDialogButtonBox *>();
+
+    window.show();
+    dialog.hide();
+    QVERIFY(buttons->buttons().isEmpty());
+
+    dialog.show();
+    const QList<QAbstractButton *> made = buttons->buttons();
+    QCOMPARE(made.size(), 2);
+    dialog.hide();
+    dialog.show();
+    QCOMPARE(buttons->buttons(), made);
 }
 
 void tst_PreferencesDialog::aClickInTheListChangesThePage()
