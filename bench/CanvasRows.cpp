@@ -20,12 +20,12 @@ using Bench::Work;
 using Tessaril::Ui::ToolButton;
 
 constexpr QSize PictureSize(640, 256);
-constexpr int Zoom = 2;
 
 /// A canvas in its full size with both overlays, and what it is painted on.
 struct PaintedCanvas
 {
-    PaintedCanvas()
+    explicit PaintedCanvas(int zoomLevel)
+        : zoom(zoomLevel)
     {
         palette.setDefaultColours();
         QImage image(PictureSize, QImage::Format_Indexed8);
@@ -36,9 +36,9 @@ struct PaintedCanvas
                 row[x] = static_cast<uchar>(random());
         }
         canvas.setPalette(&palette);
-        canvas.setZoomLevel(Zoom);
+        canvas.setZoomLevel(zoom);
         canvas.setImage(image);
-        canvas.resize(PictureSize * Zoom);
+        canvas.resize(PictureSize * zoom);
         canvas.setMode(ToolButton::Grid, true);
         canvas.setGridLinesVisible(true);
         target = QImage(canvas.size(), QImage::Format_RGB32);
@@ -56,7 +56,7 @@ struct PaintedCanvas
     {
         step = (step + 1) % PictureSize.width();
         canvas.setInk(1 + step % 255);
-        const QPoint position = QPoint(step, step % PictureSize.height()) * Zoom;
+        const QPoint position = QPoint(step, step % PictureSize.height()) * zoom;
         send(QEvent::MouseButtonPress, position);
         send(QEvent::MouseButtonRelease, position);
     }
@@ -69,21 +69,23 @@ struct PaintedCanvas
         QCoreApplication::sendEvent(&canvas, &event);
     }
 
+    const int zoom; // screen pixels of a pixel
     Palette palette;
     Canvas canvas;
     QImage target;
     int step = 0;
 };
 
-Row paint(const std::string &input, const std::function<void(PaintedCanvas &)> &before)
+Row paint(int zoom, const std::string &when, const std::function<void(PaintedCanvas &)> &before)
 {
-    return {"paint of a canvas", "640 x 256 at zoom 2, both overlays, " + input, 6, [before] {
-                const auto painted = std::make_shared<PaintedCanvas>();
+    const std::string input = "640 x 256 at zoom " + std::to_string(zoom) + ", overlays, " + when;
+    return {"paint of a canvas", input, 6, [zoom, before] {
+                const auto painted = std::make_shared<PaintedCanvas>(zoom);
                 const Work measured = [painted, before] {
                     before(*painted);
                     painted->paint();
                 };
-                return Pair{measured, Bench::pictureOf(PictureSize * Zoom)};
+                return Pair{measured, Bench::pictureOf(PictureSize * zoom)};
             }};
 }
 
@@ -91,6 +93,9 @@ Row paint(const std::string &input, const std::function<void(PaintedCanvas &)> &
 
 void Bench::addCanvasRows(std::vector<Row> *rows)
 {
-    rows->push_back(paint("as it was", [](PaintedCanvas &) {}));
-    rows->push_back(paint("a pixel drawn", [](PaintedCanvas &painted) { painted.draw(); }));
+    for (const int zoom : {1, 2, 4}) {
+        rows->push_back(paint(zoom, "as it was", [](PaintedCanvas &) {}));
+        rows->push_back(
+            paint(zoom, "a pixel drawn", [](PaintedCanvas &painted) { painted.draw(); }));
+    }
 }

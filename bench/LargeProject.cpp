@@ -13,7 +13,6 @@ using Bench::LargeProject;
 
 namespace {
 
-constexpr int MapCount = 20;
 constexpr int MapSide = 256; // cells
 constexpr int TileSetCount = 10;
 constexpr int BankCount = 10;
@@ -21,7 +20,7 @@ constexpr int SpriteCount = 128; // of a bank
 
 } // namespace
 
-LargeProject::LargeProject()
+LargeProject::LargeProject(int mapCount)
 {
     Project *project = store.create(QStringLiteral("large"));
     const QUuid palette = project->createPalette(CreateDefault, QStringLiteral("palette"))->id();
@@ -29,7 +28,7 @@ LargeProject::LargeProject()
         addTileSet(palette);
     for (int i = 0; i < BankCount; ++i)
         addBank(palette);
-    for (int i = 0; i < MapCount; ++i)
+    for (int i = 0; i < mapCount; ++i)
         addMap(project->tileSets().at(i % TileSetCount)->id());
     store.setFileName(path());
 }

@@ -7,12 +7,12 @@
 
 namespace Bench {
 
-/// 20 maps, 10 tile sets of 512 and 10 banks of 128: noise in the pixels, stretches of like cells
+/// Maps, as many as asked for, 10 tile sets of 512 and 10 banks of 128: noise in the pixels, stretches of like cells
 /// in the maps, as games have them.
 class LargeProject
 {
 public:
-    LargeProject();
+    explicit LargeProject(int mapCount = 20);
 
     QString path() const { return m_folder.filePath(QStringLiteral("large.tessaril")); }
 

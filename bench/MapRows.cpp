@@ -33,9 +33,9 @@ Row wholePicture(int side, double budget)
             }};
 }
 
-Row oneCell(int side)
+Row oneCell(int side, double budget)
 {
-    return {"one cell written to it", std::to_string(side) + " cells a side", 1.0 / 10000, [side] {
+    return {"one cell written to it", std::to_string(side) + " cells a side", budget, [side] {
                 const auto level = std::make_shared<Level>(side);
                 const Work whole = wholePictureOf(level);
                 whole();
@@ -66,10 +66,9 @@ Row screen(int cellSide, double budget)
             }};
 }
 
-Row snapshot(int side)
+Row snapshot(int side, double budget)
 {
-    return {"snapshot, one cell, compare", std::to_string(side) + " cells a side", 1.0 / 100,
-            [side] {
+    return {"snapshot, one cell, compare", std::to_string(side) + " cells a side", budget, [side] {
                 const auto level = std::make_shared<Level>(side);
                 const Work whole = wholePictureOf(level);
                 whole();
@@ -89,10 +88,14 @@ Row snapshot(int side)
 
 void Bench::addMapRows(std::vector<Row> *rows)
 {
-    rows->push_back(wholePicture(256, Bench::NoBudget));
-    rows->push_back(wholePicture(1024, 8));
-    rows->push_back(oneCell(1024));
+    // The smaller ones show how it grows.
+    for (const int side : {64, 256, 1024}) {
+        const bool isLarge = side == 1024;
+        rows->push_back(wholePicture(side, isLarge ? 8 : Bench::NoBudget));
+        rows->push_back(oneCell(side, isLarge ? 1.0 / 10000 : Bench::NoBudget));
+        rows->push_back(snapshot(side, isLarge ? 1.0 / 100 : Bench::NoBudget));
+    }
     rows->push_back(screen(8, 4));
+    rows->push_back(screen(16, 6));
     rows->push_back(screen(32, 6));
-    rows->push_back(snapshot(1024));
 }

@@ -91,7 +91,7 @@ Row fill(const std::string &kind, QSize size, double budget, const Pattern &patt
 
 void Bench::addPaintingRows(std::vector<Row> *rows)
 {
-    for (const QSize size : {QSize(640, 256), QSize(2048, 2048)}) {
+    for (const QSize size : {QSize(640, 256), QSize(1024, 1024), QSize(2048, 2048)}) {
         rows->push_back(fill("one blank area", size, 50, blank));
         rows->push_back(fill("irregular caves", size, 250, caves()));
         rows->push_back(fill("a corridor of one pixel", size, 200, corridor(size.height())));

@@ -60,17 +60,24 @@ Row growth()
             }};
 }
 
-Row refused()
+/// The smaller ones only show how it grows.
+double budgetOf(QSize size, double budget)
 {
-    return {"photo refused as a map", text(Large), 40, [] {
-                return Pair{importOf(Bench::photo(Large)), copyOf(Large)};
+    return size == Large ? budget : Bench::NoBudget;
+}
+
+Row refused(QSize size)
+{
+    return {"photo refused as a map", text(size), budgetOf(size, 40), [size] {
+                return Pair{importOf(Bench::photo(size)), copyOf(size)};
             }};
 }
 
-Row matched()
+Row matched(QSize size)
 {
-    return {"colours snapped and matched", text(Large) + ", each pixel its own", 16, [] {
-                const QImage picture = Bench::pictureOfColours(Large);
+    return {"colours snapped and matched", text(size) + ", each pixel its own", budgetOf(size, 16),
+            [size] {
+                const QImage picture = Bench::pictureOfColours(size);
                 const auto palette = std::make_shared<Palette>();
                 palette->setDefaultColours();
                 const Work measured = [picture, palette] {
@@ -78,7 +85,7 @@ Row matched()
                     converted.setImage(picture);
                     benchmark::DoNotOptimize(converted.remap(palette.get()));
                 };
-                return Pair{measured, copyOf(Large)};
+                return Pair{measured, copyOf(size)};
             }};
 }
 
@@ -90,6 +97,8 @@ void Bench::addPictureRows(std::vector<Row> *rows)
     rows->push_back(imported(Wide, Bench::NoBudget));
     rows->push_back(imported(Large, 40));
     rows->push_back(growth());
-    rows->push_back(refused());
-    rows->push_back(matched());
+    for (const QSize size : {QSize(512, 512), QSize(1024, 1024), Large}) {
+        rows->push_back(refused(size));
+        rows->push_back(matched(size));
+    }
 }

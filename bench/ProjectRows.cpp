@@ -15,12 +15,22 @@ using Bench::Pair;
 using Bench::Row;
 using Bench::Work;
 
-const char *const Input = "20 maps of 256 x 256";
+constexpr int FullCount = 20; // the maps of the project that the budgets are for
 
-Row digest()
+std::string inputOf(int maps)
 {
-    return {"digest of a project", Input, 9, [] {
-                const auto project = std::make_shared<Bench::LargeProject>();
+    return std::to_string(maps) + " maps of 256 x 256";
+}
+
+double budgetOf(int maps, double budget)
+{
+    return maps == FullCount ? budget : Bench::NoBudget;
+}
+
+Row digest(int maps)
+{
+    return {"digest of a project", inputOf(maps), budgetOf(maps, 9), [maps] {
+                const auto project = std::make_shared<Bench::LargeProject>(maps);
                 const auto entries = project->store.project()->archiveEntries(false);
                 const Work hash = [entries] {
                     QCryptographicHash sha1(QCryptographicHash::Sha1);
@@ -49,10 +59,10 @@ Work packingOf(const QMap<QString, QByteArray> &entries)
     };
 }
 
-Row save()
+Row save(int maps)
 {
-    return {"save of a project", Input, 1.5, [] {
-                const auto project = std::make_shared<Bench::LargeProject>();
+    return {"save of a project", inputOf(maps), budgetOf(maps, 1.5), [maps] {
+                const auto project = std::make_shared<Bench::LargeProject>(maps);
                 const auto entries = project->store.project()->archiveEntries(true);
                 const Work measured = [project] {
                     benchmark::DoNotOptimize(project->store.save(true));
@@ -77,10 +87,10 @@ Work unpackingOf(const QByteArray &archive)
     };
 }
 
-Row load()
+Row load(int maps)
 {
-    return {"load of a project", Input, 2.7, [] {
-                const auto project = std::make_shared<Bench::LargeProject>();
+    return {"load of a project", inputOf(maps), budgetOf(maps, 2.7), [maps] {
+                const auto project = std::make_shared<Bench::LargeProject>(maps);
                 QByteArray archive;
                 if (QFile file(project->path());
                     project->store.save(false) && file.open(QIODevice::ReadOnly))
@@ -96,7 +106,9 @@ Row load()
 
 void Bench::addProjectRows(std::vector<Row> *rows)
 {
-    rows->push_back(save());
-    rows->push_back(load());
-    rows->push_back(digest());
+    for (const int maps : {5, 10, FullCount}) {
+        rows->push_back(save(maps));
+        rows->push_back(load(maps));
+        rows->push_back(digest(maps));
+    }
 }
