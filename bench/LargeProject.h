@@ -7,8 +7,8 @@
 
 namespace Bench {
 
-/// Maps, as many as asked for, 10 tile sets of 512 and 10 banks of 128: noise in the pixels, stretches of like cells
-/// in the maps, as games have them.
+/// Maps, as many as asked for, 10 tile sets of 512 and 10 banks of 128: noise in the pixels,
+/// stretches of like cells in the maps, as games have them.
 class LargeProject
 {
 public:
