@@ -461,10 +461,14 @@ void tst_DocumentController::theEndOfAProjectTakesTabsAndStacks()
     m_desk->documents.setActivePalette(m_project->palettes().first()->id());
     QVERIFY(m_desk->paletteWindow.isContentShown());
     const QPointer<QUndoStack> stack(m_desk->documents.undoStack(map));
+    m_desk->documents.setActiveSpriteEditor(
+        m_project->createSpriteBank(Tessaril::Sprite::EightBit, "crew", QUuid())->id());
+    QVERIFY(m_desk->spriteWindow.isContentShown());
 
     m_desk->documents.endProject();
 
     QCOMPARE(m_desk->tabs.count(), 0);
+    QVERIFY(!m_desk->spriteWindow.isContentShown());
     QVERIFY(!stack);
     QVERIFY(!m_desk->tabs.isEnabled());
     QVERIFY(m_desk->tabs.updatesEnabled());
