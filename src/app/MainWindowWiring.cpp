@@ -47,6 +47,7 @@ void MainWindow::connectMessages()
                     &ProjectActions::createBlocks);
         }
         m_tileAnimationDialog->show(sets);
+        m_tileAnimationDialog->chooseTileSet(m_menuBar.tileMenu()->tileSetId());
     });
     connect(m_projectController.store(), &ProjectStore::showMessage, statusBar(),
             &QStatusBar::showMessage);

@@ -1,10 +1,14 @@
 #include "dialogs/DialogBase.h"
 
+#include <QAbstractSpinBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -13,6 +17,21 @@ constexpr int ButtonBoxWidth = 300;  // pixels, at least
 constexpr double HeadingScale = 1.5; // of the dialog's point size
 constexpr int FormStretch = 100;     // against 1 of the heading
 constexpr QRgb ErrorColour = 0xcc3333;
+
+bool takesTab(const QWidget *widget)
+{
+    return widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus);
+}
+
+/// @p field or, in a row of several, the first of them that Tab reaches; null if none does.
+QWidget *reachable(QWidget *field)
+{
+    if (!field || takesTab(field))
+        return field;
+    const QList<QWidget *> parts = field->findChildren<QWidget *>();
+    const auto part = std::find_if(parts.cbegin(), parts.cend(), takesTab);
+    return part == parts.cend() ? nullptr : *part;
+}
 
 } // namespace
 
@@ -57,8 +76,9 @@ QLabel *DialogBase::makeErrorLine()
 
 QDialogButtonBox *DialogBase::makeButtons()
 {
+    // Inside the dialog at once: only there does a default button stay it when the focus wanders.
     auto *buttons =
-        new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, Qt::Horizontal);
+        new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, Qt::Horizontal, this);
     buttons->setMinimumWidth(ButtonBoxWidth);
     buttons->button(QDialogButtonBox::Ok)->setText(tr("Ok"));
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
@@ -115,11 +135,29 @@ void DialogBase::fixSize()
     setFixedSize(sizeHint().expandedTo(m_leastSize));
 }
 
+void DialogBase::focusFirstField()
+{
+    for (int row = 0; row < m_form->rowCount(); ++row) {
+        const QLayoutItem *item = m_form->itemAt(row, QFormLayout::FieldRole);
+        QWidget *const field = item ? reachable(item->widget()) : nullptr;
+        if (!field)
+            continue;
+        field->setFocus();
+        // Typing replaces what stands there, as after a Tab.
+        if (auto *const line = qobject_cast<QLineEdit *>(field))
+            line->selectAll();
+        else if (auto *const spin = qobject_cast<QAbstractSpinBox *>(field))
+            spin->selectAll();
+        return;
+    }
+}
+
 void DialogBase::showEvent(QShowEvent *event)
 {
     if (!event->spontaneous()) {
         takeTitle();
         showError({});
+        focusFirstField();
     }
     QDialog::showEvent(event);
 }

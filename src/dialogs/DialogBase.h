@@ -38,6 +38,7 @@ private:
     QDialogButtonBox *makeButtons();
     void takeTitle();
     void fixSize();
+    void focusFirstField();
 
     QLabel *m_heading;
     QFormLayout *m_form;

@@ -24,6 +24,13 @@ QUuid DocumentCombo::currentId() const
     return currentData().toUuid();
 }
 
+void DocumentCombo::setCurrentId(const QUuid &id)
+{
+    const int index = findData(id);
+    if (index >= 0)
+        setCurrentIndex(index);
+}
+
 void DocumentCombo::setEntries(QList<Entry> entries, int first)
 {
     std::sort(entries.begin(), entries.end(), [](const Entry &left, const Entry &right) {

@@ -21,6 +21,8 @@ public:
     void addChoice(const QString &text, const QUuid &id);
     /// The id of the current entry, null if there is none.
     QUuid currentId() const;
+    /// Makes the entry of @p id current; without one all stays.
+    void setCurrentId(const QUuid &id);
 
     /// Replaces all documents from entry @p first on by @p documents; vanished ones are left out.
     /// The current id stays current if it is still there, else the first entry is.

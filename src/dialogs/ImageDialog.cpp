@@ -34,7 +34,6 @@ ImageDialog::ImageDialog(QWidget *parent)
 void ImageDialog::show(QList<QPointer<Palette>> palettes)
 {
     m_name->clear();
-    m_name->setFocus();
     m_palettes->setDocuments(palettes, OwnChoices);
     DialogBase::show();
 }

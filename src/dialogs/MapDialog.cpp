@@ -39,7 +39,6 @@ MapDialog::MapDialog(QWidget *parent)
 void MapDialog::show(QList<QPointer<TileSet>> sets)
 {
     m_name->clear();
-    m_name->setFocus();
     m_tileSets->setDocuments(sets);
     DialogBase::show();
 }
@@ -58,6 +57,11 @@ QString MapDialog::validationError() const
     if (!TileMap::isAllowed(mapSize()))
         return tr("The map is too large");
     return {};
+}
+
+void MapDialog::chooseTileSet(const QUuid &id)
+{
+    m_tileSets->setCurrentId(id);
 }
 
 void MapDialog::accept()

@@ -19,6 +19,9 @@ class MapDialog : public DialogBase
 public:
     explicit MapDialog(QWidget *parent = nullptr);
 
+    /// Offers the tile set of @p id first, if it is one of the choice.
+    void chooseTileSet(const QUuid &id);
+
 public slots:
     /// Opens with an empty name and a choice of @p sets.
     void show(QList<QPointer<TileSet>> sets);

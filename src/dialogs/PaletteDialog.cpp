@@ -26,7 +26,6 @@ void PaletteDialog::show(QStringList existingNames)
 {
     m_existingNames = existingNames;
     m_name->clear();
-    m_name->setFocus();
     m_actions->button(CreateCopy)->setEnabled(!existingNames.isEmpty());
     if (existingNames.isEmpty() && action() == CreateCopy)
         m_actions->button(CreateBlank)->setChecked(true);

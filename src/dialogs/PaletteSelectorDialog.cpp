@@ -14,7 +14,6 @@ PaletteSelectorDialog::PaletteSelectorDialog(QWidget *parent)
 void PaletteSelectorDialog::show(QList<QPointer<Palette>> palettes)
 {
     m_palettes->setDocuments(palettes);
-    m_palettes->setFocus();
     DialogBase::show();
 }
 

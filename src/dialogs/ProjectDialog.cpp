@@ -28,7 +28,6 @@ void ProjectDialog::showEvent(QShowEvent *event)
 {
     if (!event->spontaneous()) {
         m_name->clear();
-        m_name->setFocus();
     }
     DialogBase::showEvent(event);
 }

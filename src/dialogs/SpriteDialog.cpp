@@ -37,7 +37,6 @@ void SpriteDialog::show(QList<QPointer<Palette>> palettes)
     m_palettes->setDocuments(palettes);
     m_newPalette->setChecked(true);
     updatePaletteControls();
-    m_name->setFocus();
     DialogBase::show();
 }
 

@@ -24,8 +24,12 @@ void TileAnimationDialog::show(QList<QPointer<TileSet>> sets)
         return;
     }
     m_name->clear();
-    m_name->setFocus();
     DialogBase::show();
+}
+
+void TileAnimationDialog::chooseTileSet(const QUuid &id)
+{
+    m_tileSets->setCurrentId(id);
 }
 
 void TileAnimationDialog::accept()

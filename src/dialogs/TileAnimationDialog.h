@@ -18,6 +18,9 @@ class TileAnimationDialog : public DialogBase
 public:
     explicit TileAnimationDialog(QWidget *parent = nullptr);
 
+    /// Offers the tile set of @p id first, if it is one of the choice.
+    void chooseTileSet(const QUuid &id);
+
 public slots:
     /// Opens with an empty name and a choice of @p sets. With none of them there it tells so in a
     /// box, which blocks until it is closed, and does not open.

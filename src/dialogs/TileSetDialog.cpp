@@ -55,7 +55,6 @@ QWidget *TileSetDialog::makeCountRow()
 void TileSetDialog::show(QList<QPointer<Palette>> palettes)
 {
     m_name->clear();
-    m_name->setFocus();
     m_palettes->setDocuments(palettes);
     DialogBase::show();
 }

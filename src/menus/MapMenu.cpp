@@ -33,6 +33,7 @@ void MapMenu::setProject(const QPointer<Project> &project)
     setEnabled(!m_project.isNull());
     m_newAction->setEnabled(!m_project.isNull());
     setMap(QUuid());
+    setTileSet(QUuid());
 }
 
 void MapMenu::setMap(QUuid mapId)
@@ -50,6 +51,7 @@ void MapMenu::displayMapDialog()
         connect(m_mapDialog, &MapDialog::accepted, this, &MapMenu::create);
     }
     m_mapDialog->show(m_project->tileSets());
+    m_mapDialog->chooseTileSet(m_tileSetId);
 }
 
 void MapMenu::showExportDialog()

@@ -22,6 +22,8 @@ public:
     void setProject(const QPointer<Project> &project);
 
     QUuid mapId() const { return m_mapId; }
+    /// The tile set that a new map is offered first.
+    void setTileSet(const QUuid &id) { m_tileSetId = id; }
 
 signals:
     /// @p size in cells.
@@ -41,6 +43,7 @@ public slots:
 private:
     QPointer<Project> m_project;
     QUuid m_mapId;
+    QUuid m_tileSetId;
     QAction *m_newAction;
     QActionGroup *m_mapActions;
     // Made at their first use.

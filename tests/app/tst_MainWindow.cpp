@@ -355,7 +355,9 @@ void tst_MainWindow::aSpriteBankOpensInDockAndTab()
 void tst_MainWindow::aBlockListOpensInATab()
 {
     Project *const project = newProject();
+    project->createTileSet("abbey", QUuid(), 16);
     const auto tileSet = project->createTileSet("castle", QUuid(), 16);
+    m_window->documentController()->setActiveTileSet(tileSet->id());
 
     m_window->views().menuBar->tileMenu()->displayAnimDialog();
     auto *const dialog = m_window->findChild<TileAnimationDialog *>();

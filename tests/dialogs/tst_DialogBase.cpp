@@ -53,6 +53,9 @@ private slots:
     void aValidAnswerCloses();
     void cancelCloses();
     void enterIsOk();
+    void enterIsOkAfterTheFocusWasOnTheButtons();
+    void itsFirstFieldHasTheFocus();
+    void itsFirstFieldMayStandInARowOfSeveral();
     void theNextOpeningStartsWithoutAnError();
     void anErrorFixesTheSizeAnew();
     void theMinimumOfASubclassHolds();
@@ -230,6 +233,62 @@ void tst_DialogBase::theRowsNameTheirFields()
     const Question dialog;
 
     QCOMPARE(DialogDriver::field<QLineEdit>(dialog, QStringLiteral("Answer")), dialog.m_answer);
+}
+
+void tst_DialogBase::enterIsOkAfterTheFocusWasOnTheButtons()
+{
+    Question dialog;
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    dialog.m_answer->setText(QStringLiteral("yes"));
+    const auto *const buttons = dialog.findChild<QDialogButtonBox *>();
+    buttons->button(QDialogButtonBox::Ok)->setFocus();
+    buttons->button(QDialogButtonBox::Cancel)->setFocus();
+    dialog.m_answer->setFocus();
+
+    QTest::keyClick(dialog.m_answer, Qt::Key_Return);
+
+    QVERIFY(!dialog.isVisible());
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
+}
+
+void tst_DialogBase::itsFirstFieldHasTheFocus()
+{
+    Question dialog;
+    dialog.m_answer->setText(QStringLiteral("no"));
+
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QVERIFY(dialog.m_answer->hasFocus());
+    QCOMPARE(dialog.m_answer->selectedText(), QStringLiteral("no"));
+
+    DialogDriver::pressCancel(dialog);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QVERIFY(dialog.m_answer->hasFocus());
+}
+
+void tst_DialogBase::itsFirstFieldMayStandInARowOfSeveral()
+{
+    class Row : public DialogBase
+    {
+    public:
+        using DialogBase::addRow;
+    } dialog;
+    dialog.addRow(QStringLiteral("Size"), new QLabel);
+    auto *const row = new QWidget;
+    auto *const layout = new QVBoxLayout(row);
+    auto *const off = new QLineEdit;
+    off->setEnabled(false);
+    auto *const on = new QLineEdit;
+    layout->addWidget(off);
+    layout->addWidget(on);
+    dialog.addRow(QStringLiteral("File"), row);
+
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+
+    QVERIFY(on->hasFocus());
 }
 
 QTEST_MAIN(tst_DialogBase)

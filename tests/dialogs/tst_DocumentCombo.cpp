@@ -15,6 +15,7 @@ private slots:
     void leavesOutWhatHasVanished();
     void keepsTheCurrentDocument();
     void startsOnTheFirstEntry();
+    void takesADocumentThatItHolds();
     void anEmptyListHasNoId();
     void keepsTheChoicesInFront();
 
@@ -120,6 +121,20 @@ void tst_DocumentCombo::keepsTheChoicesInFront()
     QCOMPARE(combo.itemText(0), QStringLiteral("* New"));
     QCOMPARE(combo.itemText(1), QStringLiteral("!"));
     QCOMPARE(combo.currentIndex(), 0);
+}
+
+void tst_DocumentCombo::takesADocumentThatItHolds()
+{
+    DocumentCombo combo;
+    const auto ant = palette(QStringLiteral("ant"));
+    const auto bee = palette(QStringLiteral("bee"));
+    combo.setDocuments(QList<QPointer<Palette>>{ant, bee});
+
+    combo.setCurrentId(bee->id());
+    QCOMPARE(combo.currentId(), bee->id());
+    combo.setCurrentId(QUuid::createUuid());
+
+    QCOMPARE(combo.currentId(), bee->id());
 }
 
 QTEST_MAIN(tst_DocumentCombo)

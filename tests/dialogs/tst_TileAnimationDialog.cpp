@@ -21,6 +21,7 @@ private slots:
     void withoutTileSetsItTellsSoAndStaysShut_data();
     void withoutTileSetsItTellsSoAndStaysShut();
     void vanishedTileSetsAreNotOffered();
+    void offersTheChosenTileSetFirst();
     void aBlankNameIsRefused_data();
     void aBlankNameIsRefused();
     void sendsNameAndTileSet();
@@ -146,6 +147,15 @@ void tst_TileAnimationDialog::eachOpeningStartsWithoutAName()
 
     QCOMPARE(name()->text(), QString());
     QCOMPARE(tileSets()->count(), 1);
+}
+
+void tst_TileAnimationDialog::offersTheChosenTileSetFirst()
+{
+    m_dialog->show(m_sets);
+
+    m_dialog->chooseTileSet(m_town.id());
+
+    QCOMPARE(tileSets()->currentText(), QString("Town"));
 }
 
 QTEST_MAIN(tst_TileAnimationDialog)

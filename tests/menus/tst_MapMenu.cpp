@@ -7,6 +7,7 @@
 #include "support/TestFiles.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -23,6 +24,7 @@ private slots:
     void cleanup() { m_window.reset(); }
 
     void newMapSendsWhatWasAsked();
+    void newMapBeginsWithTheTileSetInUse();
     void aCancelledNewMapSendsNothing();
     void exportIsOnWithAMap();
     void theExportDialogSavesMaps();
@@ -215,6 +217,20 @@ void tst_MapMenu::aCancelledImportSendsNothing()
     FileDialogs::cancel(FileDialogs::visible());
 
     QCOMPARE(requested.count(), 0);
+}
+
+void tst_MapMenu::newMapBeginsWithTheTileSetInUse()
+{
+    project()->createTileSet("Cave", QUuid(), 1);
+    const QPointer<TileSet> town = project()->createTileSet("Town", QUuid(), 1);
+    menu()->setTileSet(town->id());
+
+    item("New Map")->trigger();
+
+    QWidget *const dialog = QApplication::activeModalWidget();
+    QVERIFY(dialog);
+    QCOMPARE(dialog->findChild<QComboBox *>()->currentText(), QString("Town"));
+    QTest::keyClick(dialog, Qt::Key_Escape);
 }
 
 QTEST_MAIN(tst_MapMenu)
