@@ -270,9 +270,21 @@ void Canvas::setPasteMode(QUuid paletteId)
         qInfo("Pasting to image with different palette");
     selectNone();
     interruptStroke();
+    if (m_mode != Tool::Paste)
+        m_modeBeforePaste = m_mode;
     m_mode = Tool::Paste;
     m_tool = m_tools.value(static_cast<int>(Tool::Paste)).get();
     update();
+}
+
+bool Canvas::cancel()
+{
+    if (m_mode == Tool::Paste)
+        return setDrawingMode(m_modeBeforePaste);
+    if (!hasSelection())
+        return false;
+    selectNone();
+    return true;
 }
 
 void Canvas::setGridLinesVisible(bool visible)

@@ -109,6 +109,8 @@ public slots:
     void copy();
     void paste();
     void setPasteMode(QUuid paletteId);
+    /// Ends pasting, or else takes the selection away; false if there is neither.
+    bool cancel();
     void setZoomLevel(int level);
     void setGridLinesVisible(bool visible);
     void setInk(int index);
@@ -127,6 +129,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     friend class CanvasTool;
@@ -174,6 +177,7 @@ private:
     int m_paper = 0;
     Tessaril::Ui::ImageType m_imageType = Tessaril::Ui::ImageType::Full256;
     Tessaril::Ui::ToolButton m_mode = Tessaril::Ui::ToolButton::Draw;
+    Tessaril::Ui::ToolButton m_modeBeforePaste = Tessaril::Ui::ToolButton::Draw;
     QRect m_scrollOrigin;            // image pixels on view
     QPoint m_lastPixel{-1, -1};      // under the mouse at the latest event
     QPoint m_selectionStart{-1, -1}; // image pixel; x of -1 for none

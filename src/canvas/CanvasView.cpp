@@ -171,7 +171,16 @@ void Canvas::wheelEvent(QWheelEvent *event)
         return;
     }
     const QPoint step(stepOf(delta.x(), ZoomStep), stepOf(delta.y(), ZoomStep));
-    scrollTo(m_scrollOrigin.topLeft() - step);
+    const QRect before = m_scrollOrigin;
+    scrollTo(before.topLeft() - step);
+    // At its end the wheel is for what lies around the canvas, such as a dock that scrolls.
+    event->setAccepted(m_scrollOrigin != before);
+}
+
+void Canvas::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Escape || !cancel())
+        QWidget::keyPressEvent(event);
 }
 
 void Canvas::paintEvent(QPaintEvent *)

@@ -26,6 +26,9 @@ private slots:
     void copyActionsReportCopied();
     void cutActionsReportTwiceAndErase();
     void pasteEntersPasteModeAndStays();
+    void escapeGoesBackToTheToolBeforeThePaste();
+    void escapeTakesASelectionAway();
+    void escapeIsLeftToOthersElse();
     void pasteOutsideTheImageIsDropped();
     void anotherPaletteIsLoggedAndIndicesStay();
     void thePasteFrameFollowsTheMouse();
@@ -265,6 +268,45 @@ void tst_CanvasClipboard::damagedDataIsNotPasted()
 
     QCOMPARE(pasted.count(), 0);
     QVERIFY(test.canvas.clipboard()->image().isNull());
+}
+
+void tst_CanvasClipboard::escapeGoesBackToTheToolBeforeThePaste()
+{
+    CanvasFixture test({"12", "34"});
+    test.canvas.copy();
+    test.canvas.setMode(Tool::Fill, true);
+    test.canvas.paste();
+    test.canvas.paste();
+    QCOMPARE(test.canvas.mode(), Tool::Paste);
+
+    QTest::keyClick(&test.canvas, Qt::Key_Escape);
+
+    QCOMPARE(test.canvas.mode(), Tool::Fill);
+    QTest::mouseClick(&test.canvas, Qt::LeftButton, {}, test.at(1, 0));
+    QCOMPARE(test.rows(), QStringList({"11", "34"}));
+}
+
+void tst_CanvasClipboard::escapeTakesASelectionAway()
+{
+    CanvasFixture test({"12", "34"});
+    test.canvas.setMode(Tool::Select, true);
+    test.canvas.selectAll();
+    QVERIFY(test.canvas.hasSelection());
+
+    QTest::keyClick(&test.canvas, Qt::Key_Escape);
+
+    QVERIFY(!test.canvas.hasSelection());
+    QCOMPARE(test.canvas.mode(), Tool::Select);
+}
+
+void tst_CanvasClipboard::escapeIsLeftToOthersElse()
+{
+    CanvasFixture test({"12", "34"});
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+
+    QCoreApplication::sendEvent(&test.canvas, &escape);
+
+    QVERIFY(!escape.isAccepted());
 }
 
 QTEST_MAIN(tst_CanvasClipboard)

@@ -17,6 +17,7 @@ private slots:
     void theWheelZoomsWithinItsLimits();
     void theWheelIsTakenInsideTheViewOnly();
     void theWheelStopsAtTheEnds();
+    void atItsEndTheWheelIsForWhatLiesAround();
     void fillsTheRestWithTheWindowsColour();
     void checkersHaveTheirColours();
     void checkersFollowTheShapeOfLargePixels();
@@ -364,6 +365,20 @@ void tst_CanvasView::thePalettesWholeChangeReachesTheImage()
     test.canvas.paletteChanged(0, 255, {});
 
     QCOMPARE(test.canvas.image().color(0), qRgb(255, 0, 0));
+}
+
+void tst_CanvasView::atItsEndTheWheelIsForWhatLiesAround()
+{
+    CanvasFixture test(QStringList(20, QString(5, '0')), 10);
+    test.canvas.resize(100, 50); // scrolls down only
+    const QPoint inside = test.canvas.viewRect().center();
+
+    QVERIFY(!wheel(test.canvas, {0, 120}, {}, inside));
+    QVERIFY(wheel(test.canvas, {0, -120}, {}, inside));
+    QVERIFY(wheel(test.canvas, {0, 120}, {}, inside));
+    test.canvas.setVerticalPosition(15);
+    QVERIFY(!wheel(test.canvas, {0, -120}, {}, inside));
+    QVERIFY(wheel(test.canvas, {0, 120}, {}, inside));
 }
 
 QTEST_MAIN(tst_CanvasView)
