@@ -100,6 +100,8 @@ void PictureImport::makeTileSet(Project *project, Outcome *outcome) const
             for (int x = 0; x < image.width(); ++x)
                 line[x] = static_cast<uchar>((line[x] & PixelMask) + slice.bank * BankSize);
         }
+        // The slice has the picture's own colours, of which the palette kept nine bits.
+        image.setColorTable(outcome->palette->colourTable());
         Tile *tile = outcome->tileSet->tile(index);
         tile->setOffset(slice.bank);
         tile->setImage(image);

@@ -65,6 +65,7 @@ private slots:
     void namesThemAfterTheFileUpToItsFirstDot();
     void thePaletteHoldsTheBanks();
     void tilesHoldWholeIndicesAndTheirBank();
+    void tilesHaveTheColoursThatThePaletteShows();
     void cellsNameTileFlagsAndBankAndAreOccupied();
     void theMapShowsThePicture();
     void tellsTheProgressOfEachSquare();
@@ -340,6 +341,18 @@ void tst_PictureImport::aProjectThatEndsDuringTheWorkIsLeftAlone()
 
     QVERIFY(outcome.palette.isNull());
     QVERIFY(outcome.map.isNull());
+}
+
+void tst_PictureImport::tilesHaveTheColoursThatThePaletteShows()
+{
+    QImage picture(8, 8, QImage::Format_RGB32);
+    picture.fill(qRgb(90, 150, 255)); // 96, 144, 255 by the import; 110, 146, 255 by nine bits
+    Project project;
+
+    const PictureImport::Outcome outcome = PictureImport(picture, "sky").run(&project);
+
+    QCOMPARE(outcome.tileSet->tile(0)->image().pixel(0, 0), qRgb(110, 146, 255));
+    QCOMPARE(outcome.tileSet->tile(0)->image().colorTable(), outcome.palette->colourTable());
 }
 
 QTEST_GUILESS_MAIN(tst_PictureImport)
