@@ -35,6 +35,15 @@ int ProjectController::askAboutChanges(const QString &name)
     }
 }
 
+/// What the save dialog begins with: never the name of a project that was saved before.
+QString ProjectController::suggestedFile() const
+{
+    if (!m_fileBeforeSaveAs.isEmpty())
+        return m_fileBeforeSaveAs;
+    QString name = m_project ? m_project->name() : QString();
+    return name.replace(QLatin1Char('/'), QLatin1Char('_'));
+}
+
 QString ProjectController::askForPath()
 {
     if (!m_saveDialog) {
@@ -45,6 +54,7 @@ QString ProjectController::askForPath()
         m_saveDialog->setDefaultSuffix(QStringLiteral("tessaril"));
         FileDialogs::endCompletionWith(m_saveDialog);
     }
+    m_saveDialog->selectFile(suggestedFile());
     if (m_saveDialog->exec() != QDialog::Accepted)
         return {};
     return m_saveDialog->selectedFiles().value(0);
@@ -178,9 +188,10 @@ void ProjectController::saveToNewFile()
 
 void ProjectController::saveAs()
 {
-    const QString previous = m_store.fileName();
+    m_fileBeforeSaveAs = m_store.fileName();
     m_store.setFileName(QString());
     save();
     if (m_store.fileName().isEmpty())
-        m_store.setFileName(previous);
+        m_store.setFileName(m_fileBeforeSaveAs);
+    m_fileBeforeSaveAs.clear();
 }

@@ -78,6 +78,7 @@ public slots:
 private:
     int askAboutChanges(const QString &name);
     QString askForPath();
+    QString suggestedFile() const;
     bool load(const QString &filePath);
     bool write(bool backup);
     void saveToFile();
@@ -88,5 +89,6 @@ private:
     ProjectStore m_store;
     QPointer<Project> m_project;
     QByteArray m_cleanDigest;            // of the store, at the last clean point
+    QString m_fileBeforeSaveAs;          // while Save As asks for another
     QFileDialog *m_saveDialog = nullptr; // of the main window
 };

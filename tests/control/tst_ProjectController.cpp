@@ -8,6 +8,8 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -56,6 +58,7 @@ private slots:
     void closingWithSaveButACancelledFileDialogIsRefused();
     void closingWithSaveButAFailedSaveIsRefused();
     void theSaveDialogAsksForAProjectFile();
+    void theSaveDialogOffersTheNameOfTheProject();
 
 private:
     QString path(const char *name) const { return m_folder->filePath(name); }
@@ -635,6 +638,34 @@ void tst_ProjectController::theSaveDialogAsksForAProjectFile()
     QTimer::singleShot(0, this, [] { FileDialogs::cancel(FileDialogs::visible()); });
     controller.saveAs();
     QCOMPARE(controller.store()->fileName(), path("typed.tessaril"));
+}
+
+void tst_ProjectController::theSaveDialogOffersTheNameOfTheProject()
+{
+    ProjectController controller(m_window.get(), m_fileMenu.get());
+    QStringList offered;
+    const auto answer = [this, &offered](const QString &typed) {
+        QTimer::singleShot(0, this, [&offered, typed] {
+            QFileDialog *const dialog = FileDialogs::visible();
+            const auto *const name = dialog->findChild<QLineEdit *>("fileNameEdit");
+            offered += QFileInfo(name->text()).fileName();
+            if (typed.isEmpty())
+                FileDialogs::cancel(dialog);
+            else
+                FileDialogs::choose(dialog, typed);
+        });
+    };
+
+    controller.newProject("Day/Night");
+    answer(path("typed"));
+    controller.save();
+    answer({});
+    controller.saveAs();
+    controller.newProject("Rescue");
+    answer({});
+    controller.save();
+
+    QCOMPARE(offered, QStringList({"Day_Night", "typed.tessaril", "Rescue"}));
 }
 
 QTEST_MAIN(tst_ProjectController)
