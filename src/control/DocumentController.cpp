@@ -80,6 +80,7 @@ void DocumentController::setActiveTileSet(QUuid tileSetId)
     menu->setEnabled(true);
     menu->setNewTileSetEnabled(true);
     menu->setTileSetActionsEnabled(true);
+    m_views.menuBar->mapMenu()->setTileSet(tileSetId);
 }
 
 void DocumentController::setActiveMap(QUuid mapId)
@@ -221,6 +222,13 @@ void DocumentController::setActiveImageEditor(QUuid imageId)
         openImage(image);
     if (image->palette())
         setActivePalette(image->palette()->id());
+}
+
+void DocumentController::showName(const QUuid &id, const QString &name)
+{
+    m_views.tabs->setDocumentText(id, name);
+    m_views.spriteWindow->showTitle();
+    m_views.mapSprites->showNames();
 }
 
 void DocumentController::openImage(const QPointer<Image> &image)

@@ -78,6 +78,8 @@ private:
     void connectMapView(MapEditor::View *view);
     void bindMapView(MapEditor::View *view);
     void offerSprites(MapEditor::View *view);
+    /// Brings a new name to what shows the document; not every document tells of it itself.
+    void showName(const QUuid &id, const QString &name);
     void openImage(const QPointer<Image> &image);
 
     void tabChanged();

@@ -65,6 +65,7 @@ void DocumentController::connectViews()
     connect(window, &ProjectWindow::selectedMapChanged, this, &DocumentController::setActiveMap);
     connect(window, &ProjectWindow::selectedImageChanged, this,
             &DocumentController::setActiveImageEditor);
+    connect(window, &ProjectWindow::documentRenamed, this, &DocumentController::showName);
     connect(m_views.tabs, &DocumentTabView::MapEditorActivated, this,
             &DocumentController::setActiveMap);
     connect(m_views.tabs, &DocumentTabView::ScratchEditorActivated, this,
@@ -144,6 +145,8 @@ void DocumentController::attachToolBar(MapEditor::View *view)
     m_mapView = view;
     if (view)
         view->bindToolBar(m_views.mapToolBar);
+    else
+        m_views.mapToolBar->setSizeText({});
     m_views.mapToolBar->setEnabled(view != nullptr);
 }
 

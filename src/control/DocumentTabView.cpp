@@ -52,6 +52,11 @@ void DocumentTabView::addDocument(QWidget *view, DocumentType type, const QUuid 
     setCurrentIndex(addTab(view, PlainText::label(text)));
 }
 
+void DocumentTabView::setDocumentText(const QUuid &id, const QString &text)
+{
+    setTabText(indexOfDocument(id), PlainText::label(text));
+}
+
 int DocumentTabView::indexOfDocument(const QUuid &id) const
 {
     for (int i = 0; i < count(); ++i) {

@@ -32,6 +32,8 @@ public:
     /// Adds a tab for a document and makes it current. It shows @p text as it is.
     void addDocument(QWidget *view, DocumentType type, const QUuid &id, const QString &text);
 
+    /// Shows @p text as it is on the tab of a document, if it has one.
+    void setDocumentText(const QUuid &id, const QString &text);
     /// The tab of a document, or -1.
     int indexOfDocument(const QUuid &id) const;
     /// The widget of a document's tab, or null.

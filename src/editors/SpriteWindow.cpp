@@ -116,6 +116,12 @@ void SpriteWindow::connectWidgets()
     connect(m_list, &SpriteList::moveSprite, this, &SpriteWindow::moveSprite);
 }
 
+void SpriteWindow::showTitle()
+{
+    setWindowTitle(m_sprites ? tr("Sprites: %1").arg(PlainText::shown(m_sprites->name()))
+                             : tr("Sprite Editor"));
+}
+
 void SpriteWindow::setSprites(QPointer<SpriteBank> sprites)
 {
     if (m_sprites)
@@ -123,13 +129,12 @@ void SpriteWindow::setSprites(QPointer<SpriteBank> sprites)
     m_sprites = sprites;
     m_list->setSprites(m_sprites);
     setSpritePalette(m_sprites ? m_sprites->palette().data() : nullptr);
+    showTitle();
     if (!m_sprites) {
-        setWindowTitle(tr("Sprite Editor"));
         showPlaceholder();
         return;
     }
 
-    setWindowTitle(tr("Sprites: %1").arg(PlainText::shown(m_sprites->name())));
     connectBank();
     const bool isFourBit = m_sprites->depth() == Tessaril::Sprite::FourBit;
     const auto type =

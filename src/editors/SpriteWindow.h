@@ -48,6 +48,8 @@ public:
     void selectNone() override;
 
 public slots:
+    /// Puts the bank's name into the title; a bank does not tell when it gets another.
+    void showTitle();
     /// Writes the canvas's picture into the bank.
     void updateSpriteImage();
     /// Shows sprite number @p index, from 1, on the canvas.

@@ -24,6 +24,11 @@ void MapSpritesWindow::setBanks(const QList<QPointer<SpriteBank>> &banks)
     m_selector->setBanks(banks);
 }
 
+void MapSpritesWindow::showNames()
+{
+    m_selector->showNames();
+}
+
 bool MapSpritesWindow::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Resize)

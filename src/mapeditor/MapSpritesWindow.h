@@ -20,6 +20,8 @@ public:
 
     /// Offers @p banks; which page is shown is the owner's business.
     void setBanks(const QList<QPointer<SpriteBank>> &banks);
+    /// Reads the banks' names anew.
+    void showNames();
 
 signals:
     void selectionChanged(QPointer<SpriteAnim> animation);

@@ -91,6 +91,15 @@ void SpriteAnimSelector::setBanks(const QList<QPointer<SpriteBank>> &banks)
     updateAnimations();
 }
 
+void SpriteAnimSelector::showNames()
+{
+    for (const auto &bank : std::as_const(m_banks)) {
+        if (bank)
+            m_bankCombo->setItemText(m_bankCombo->findData(bank->id()),
+                                     PlainText::shown(bank->name()));
+    }
+}
+
 QList<QPointer<SpriteBank>> SpriteAnimSelector::livingBanks() const
 {
     QList<QPointer<SpriteBank>> living;

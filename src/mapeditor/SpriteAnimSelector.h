@@ -27,6 +27,8 @@ public:
 
     /// Offers @p banks and keeps the bank of the same name chosen.
     void setBanks(const QList<QPointer<SpriteBank>> &banks);
+    /// Reads the banks' names anew; a bank does not tell when it gets another.
+    void showNames();
 
     /// The size that the lists share with the fields above them, in pixels. They keep a height at
     /// which they can be used, so that the selector can be higher than its room.

@@ -333,6 +333,9 @@ void View::updateScrollValues(int h, int v)
 {
     m_horizontalScrollBar->setRange(0, h);
     m_verticalScrollBar->setRange(0, v);
+    const QSize visible = m_grid->cellGeometry().visibleCells().size();
+    m_horizontalScrollBar->setPageStep(visible.width());
+    m_verticalScrollBar->setPageStep(visible.height());
 }
 
 void View::updateScrollBars(QPoint pos)

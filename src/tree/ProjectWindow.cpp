@@ -136,6 +136,7 @@ void ProjectWindow::itemEdited(QTreeWidgetItem *item, int)
         item->parent()->sortChildren(0, Qt::AscendingOrder);
     }
     rename(node, id, name);
+    emit documentRenamed(id, name);
 }
 
 void ProjectWindow::rename(Node node, const QUuid &id, const QString &name)

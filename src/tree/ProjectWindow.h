@@ -28,6 +28,8 @@ signals:
     void selectedImageChanged(QUuid id);
     void deleteItemTriggered(ProjectTree::ProjectNode node, QUuid id);
     void copyItemTriggered(ProjectTree::ProjectNode node, QUuid id);
+    /// The user gave a document another name in the tree.
+    void documentRenamed(QUuid id, QString name);
 
 public slots:
     /// Starts an empty tree for a project of that name.

@@ -60,6 +60,11 @@ void ScrollBar::setRange(int minimum, int maximum)
     m_bar->setRange(minimum, maximum);
 }
 
+void ScrollBar::setPageStep(int step)
+{
+    m_bar->setPageStep(step);
+}
+
 void ScrollBar::setValue(int value)
 {
     m_bar->setValue(value);

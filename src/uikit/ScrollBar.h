@@ -22,6 +22,8 @@ public:
 
 public slots:
     void setRange(int minimum, int maximum);
+    /// How much is on view: a click beside the handle scrolls by it, and it sizes the handle.
+    void setPageStep(int step);
     void setValue(int value);
 
     void addFirstClicked();

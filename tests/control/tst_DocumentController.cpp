@@ -12,7 +12,9 @@
 #include "model/TileSet.h"
 #include "support/DialogDriver.h"
 
+#include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QTest>
@@ -65,6 +67,9 @@ private slots:
     void aTileSetTurnsItsItemsOn();
     void blockListsComeBackToo();
     void aMapOffersTheBanksOfTheProject();
+    void aNewNameReachesTabsAndDocks();
+    void theToolBarTellsTheSizeOfAMapInFrontOnly();
+    void newMapsBeginWithTheActiveTileSet();
     void theEndOfAProjectTakesTabsAndStacks();
     void withoutAProjectNothingOpens();
 
@@ -497,6 +502,63 @@ void tst_DocumentController::withoutAProjectNothingOpens()
 
     QCOMPARE(m_desk->tabs.count(), 0);
     QVERIFY(!m_desk->tileWindow.isContentShown());
+}
+
+void tst_DocumentController::aNewNameReachesTabsAndDocks()
+{
+    m_desk->projectWindow.setProject(m_project);
+    const auto bank = m_project->createSpriteBank(Tessaril::Sprite::EightBit, "old", QUuid());
+    m_project->createSpriteBank(Tessaril::Sprite::EightBit, "other", QUuid());
+    m_desk->documents.setActiveMap(addMap("level")->id());
+    m_desk->documents.setActiveSpriteEditor(bank->id());
+    const auto *const combo =
+        DialogDriver::field<QComboBox>(m_desk->mapSprites, QStringLiteral("Sprite bank"));
+    const auto items = m_desk->projectWindow.tree()->findItems("old", Qt::MatchRecursive);
+    QCOMPARE(items.size(), 1);
+
+    items.first()->setText(0, "R&D");
+
+    QCOMPARE(m_desk->tabs.tabText(0), QString("level"));
+    QCOMPARE(m_desk->tabs.tabText(1), QString("R&&D"));
+    QCOMPARE(m_desk->spriteWindow.windowTitle(), QString("Sprites: R&D"));
+    QCOMPARE(combo->itemText(combo->findData(bank->id())), QString("R&D"));
+    QVERIFY(combo->findText("other") >= 0);
+}
+
+void tst_DocumentController::newMapsBeginWithTheActiveTileSet()
+{
+    const auto first = m_project->createTileSet("a", QUuid(), 1);
+    const auto second = m_project->createTileSet("b", QUuid(), 1);
+    m_desk->menuBar.setProject(m_project);
+    m_desk->documents.setActiveTileSet(first->id());
+    m_desk->documents.setActiveTileSet(second->id());
+
+    m_desk->menuBar.mapMenu()->displayMapDialog();
+
+    QWidget *const dialog = QApplication::activeModalWidget();
+    QVERIFY(dialog);
+    QCOMPARE(DialogDriver::field<QComboBox>(*dialog, "Tile set")->currentText(), QString("b"));
+    dialog->close();
+}
+
+void tst_DocumentController::theToolBarTellsTheSizeOfAMapInFrontOnly()
+{
+    const auto toldSize = [this] {
+        QString told;
+        for (const QLabel *const label : m_desk->mapToolBar.findChildren<QLabel *>()) {
+            if (label->text().contains("bytes"))
+                told += label->text();
+        }
+        return told;
+    };
+    const auto bank = m_project->createSpriteBank(Tessaril::Sprite::EightBit, "bank", QUuid());
+
+    m_desk->documents.setActiveMap(addMap("level")->id());
+    QCOMPARE(toldSize(), QString("40x32 (2560 bytes)"));
+    m_desk->documents.setActiveSpriteEditor(bank->id());
+    QCOMPARE(toldSize(), QString());
+    m_desk->documents.setActiveMap(m_project->maps().first()->id());
+    QCOMPARE(toldSize(), QString("40x32 (2560 bytes)"));
 }
 
 QTEST_MAIN(tst_DocumentController)

@@ -46,6 +46,7 @@ private slots:
     void theTurnsReachTheGridOneByOne();
     void theArrowsScrollAndMoveTheBars();
     void theBarsScrollTheGrid();
+    void theHandlesShowHowMuchIsOnView();
     void theButtonsAtTheBarsChangeTheMap_data();
     void theButtonsAtTheBarsChangeTheMap();
     void aMapOfOneCellKeepsItsCell();
@@ -543,6 +544,20 @@ void tst_MapViewActions::aSecondMapTakesOver()
     QCOMPARE(resized.count(), 0);
     QCOMPARE(m_shown->view.sizeText(), QStringLiteral("9x2 (36 bytes)"));
     m_shown->view.setParent(nullptr);
+}
+
+void tst_MapViewActions::theHandlesShowHowMuchIsOnView()
+{
+    m_shown->map->resize({60, 50}, Qt::AlignLeft | Qt::AlignTop);
+    for (int level = 0; level < 3; ++level) {
+        grid().zoomIn();
+
+        const QScrollBar *const across = bars().at(0);
+        const QScrollBar *const down = bars().at(1);
+        QVERIFY(across->maximum() > 0 && down->maximum() > 0);
+        QCOMPARE(across->maximum() + across->pageStep(), 60);
+        QCOMPARE(down->maximum() + down->pageStep(), 50);
+    }
 }
 
 QTEST_MAIN(tst_MapViewActions)
