@@ -149,7 +149,8 @@ void tst_GridGeometry::whatIsFarAwayStaysOffTheScreen()
     const QRect all(-(1 << 28), -(1 << 28), 1 << 29, 1 << 29);
 
     for (const int cellSize : {8, 32, 64, 128, 512}) {
-        const GridGeometry geometry{.gridRect = {0, 0, 512, 512}, .cellSize = cellSize};
+        const GridGeometry geometry{
+            .gridRect = {0, 0, 512, 512}, .cellSize = cellSize, .scroll = {}};
         QVERIFY(!screen.contains(geometry.fromMapPixel(place)));
         QVERIFY(!screen.intersects(geometry.fromCells({place, QSize(2, 2)})));
         QVERIFY(geometry.fromCells(all).contains(screen));
