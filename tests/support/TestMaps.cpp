@@ -1,5 +1,6 @@
 #include "support/TestMaps.h"
 
+#include "model/AnimatedBlocks.h"
 #include "model/Map.h"
 #include "model/Palette.h"
 #include "model/Tile.h"
@@ -59,4 +60,28 @@ std::unique_ptr<Map> TestMaps::map(QSize size, TileSet *tiles)
     if (tiles)
         map->setTileSet(tiles);
     return map;
+}
+
+Map::PlacedSprite TestMaps::spriteAt(int x, int y)
+{
+    Map::PlacedSprite sprite;
+    sprite.x = x;
+    sprite.y = y;
+    return sprite;
+}
+
+QList<QPoint> TestMaps::positions(const Map &map)
+{
+    QList<QPoint> list;
+    for (const Map::PlacedSprite &sprite : map.sprites())
+        list << QPoint(sprite.x, sprite.y);
+    return list;
+}
+
+QList<QRect> TestMaps::placedRects(const Map &map)
+{
+    QList<QRect> list;
+    for (const auto &block : map.animatedBlocks()->blocks())
+        list << block->rect;
+    return list;
 }

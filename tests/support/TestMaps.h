@@ -1,10 +1,10 @@
 #pragma once
 
+#include "model/Map.h"
 #include "model/TileMap.h"
 
 #include <memory>
 
-class Map;
 class Palette;
 class TileSet;
 
@@ -32,5 +32,14 @@ struct PlainTiles
 
 /// A map with both layers of @p size; @p tiles may be null.
 std::unique_ptr<Map> map(QSize size, TileSet *tiles);
+
+/// A placed sprite at a map pixel.
+Map::PlacedSprite spriteAt(int x, int y);
+
+/// Where the placed sprites of a map stand, in their order.
+QList<QPoint> positions(const Map &map);
+
+/// The cells of a map's placed blocks, in their order.
+QList<QRect> placedRects(const Map &map);
 
 } // namespace TestMaps
