@@ -101,6 +101,22 @@ void AnimationControlWidget::addButton(QHBoxLayout *row, Action action)
     row->addWidget(widget);
 }
 
+std::optional<int> AnimationControlWidget::destination(Action action, int frame, int count)
+{
+    switch (action) {
+    case First:
+        return 0;
+    case Previous:
+        return frame - 1;
+    case Next:
+        return frame + 1;
+    case Last:
+        return count - 1;
+    default:
+        return std::nullopt;
+    }
+}
+
 void AnimationControlWidget::setFrame(int current, int count)
 {
     m_count = count;

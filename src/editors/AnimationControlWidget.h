@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QWidget>
 
+#include <optional>
+
 class FlowLayout;
 class QAction;
 class QHBoxLayout;
@@ -31,6 +33,10 @@ public:
     Q_ENUM(Action)
 
     explicit AnimationControlWidget(QWidget *parent = nullptr);
+
+    /// The frame (from 0) that a button goes to from @p frame of @p count; it may lie outside of
+    /// the animation. None for the buttons that do something else.
+    static std::optional<int> destination(Action action, int frame, int count);
 
     int current() const { return m_current; }
     int count() const { return m_count; }

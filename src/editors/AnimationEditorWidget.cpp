@@ -218,13 +218,11 @@ void AnimationEditorWidget::mediaControlButtonClicked(AnimationControlWidget::Ac
     if (!m_animation)
         return;
 
+    const auto destination =
+        AnimationControlWidget::destination(action, m_frame, m_animation->frameCount());
+    if (destination)
+        setCurrentFrame(*destination);
     switch (action) {
-    case AnimationControlWidget::First:
-        setCurrentFrame(0);
-        break;
-    case AnimationControlWidget::Previous:
-        setCurrentFrame(m_frame - 1);
-        break;
     case AnimationControlWidget::Play:
         play();
         break;
@@ -234,20 +232,13 @@ void AnimationEditorWidget::mediaControlButtonClicked(AnimationControlWidget::Ac
     case AnimationControlWidget::Stop:
         stop();
         break;
-    case AnimationControlWidget::Next:
-        setCurrentFrame(m_frame + 1);
-        break;
-    case AnimationControlWidget::Last:
-        setCurrentFrame(m_animation->frameCount() - 1);
-        break;
     case AnimationControlWidget::Add:
         addFrame();
         break;
     case AnimationControlWidget::Delete:
         deleteFrame();
         break;
-    case AnimationControlWidget::Loop:
-    case AnimationControlWidget::PingPong:
+    default:
         break; // the preview always loops
     }
     update();

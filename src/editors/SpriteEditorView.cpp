@@ -140,14 +140,11 @@ void View::animButtonClicked(AnimationControlWidget::Action action, bool checked
     if (!animation)
         return;
 
-    const int current = m_frameEditor->currentFrame();
+    const auto destination = AnimationControlWidget::destination(
+        action, m_frameEditor->currentFrame(), animation->frameCount());
+    if (destination)
+        m_frameEditor->setCurrentFrame(*destination);
     switch (action) {
-    case AnimationControlWidget::First:
-        m_frameEditor->setCurrentFrame(0);
-        break;
-    case AnimationControlWidget::Previous:
-        m_frameEditor->setCurrentFrame(current - 1);
-        break;
     case AnimationControlWidget::Play:
         m_timer->start();
         break;
@@ -157,20 +154,13 @@ void View::animButtonClicked(AnimationControlWidget::Action action, bool checked
     case AnimationControlWidget::Stop:
         m_timer->stop();
         break;
-    case AnimationControlWidget::Next:
-        m_frameEditor->setCurrentFrame(current + 1);
-        break;
-    case AnimationControlWidget::Last:
-        m_frameEditor->setCurrentFrame(animation->frameCount() - 1);
-        break;
     case AnimationControlWidget::Add:
         appendFrame();
         break;
     case AnimationControlWidget::Delete:
         deleteFrame();
         break;
-    case AnimationControlWidget::Loop:
-    case AnimationControlWidget::PingPong:
+    default:
         break; // play always loops
     }
 }
