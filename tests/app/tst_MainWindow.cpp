@@ -15,8 +15,6 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QLineEdit>
 #include <QStatusBar>
 #include <QTest>
@@ -54,10 +52,6 @@ private slots:
     void nextAndPreviousTileStopAtTheEnds();
     void swappingATileSetsPalette();
     void aFontGoesIntoTheSetOnDisplay();
-    void stateSurvivesARestart();
-    void aZoomBeyondItsRangeIsWrittenClamped_data();
-    void aZoomBeyondItsRangeIsWrittenClamped();
-    void damagedStateDoesNoHarm();
 
 private:
     Project *newProject(const QString &name = "game");
@@ -552,66 +546,6 @@ void tst_MainWindow::aFontGoesIntoTheSetOnDisplay()
     QCOMPARE(other->state(), TileSet(nullptr, 16).state());
     const auto *const canvas = m_window->views().tileWindow->findChild<Canvas *>();
     QCOMPARE(canvas->image().pixelIndex(0, 0), 3 * 16 + 7);
-}
-
-void tst_MainWindow::stateSurvivesARestart()
-{
-    m_window->views().tilePicker->setZoom(3);
-    m_window->views().menuBar->fileMenu()->addRecent("/somewhere/game.tessaril");
-    m_window->resize(900, 700);
-    m_window->views().projectWindow->hide();
-    QVERIFY(m_window->close());
-
-    m_window = std::make_unique<MainWindow>();
-
-    QCOMPARE(m_window->views().tilePicker->zoom(), 3);
-    QCOMPARE(m_window->views().menuBar->fileMenu()->recent(),
-             QStringList({"/somewhere/game.tessaril"}));
-    QVERIFY(m_window->views().projectWindow->isHidden());
-    QCOMPARE(m_window->size(), QSize(900, 700));
-}
-
-void tst_MainWindow::aZoomBeyondItsRangeIsWrittenClamped_data()
-{
-    QTest::addColumn<int>("stored");
-    QTest::addColumn<int>("zoom");
-    QTest::newRow("too large") << 100 << 16;
-    QTest::newRow("too small") << 0 << 1;
-}
-
-void tst_MainWindow::aZoomBeyondItsRangeIsWrittenClamped()
-{
-    QFETCH(int, stored);
-    QFETCH(int, zoom);
-    QVERIFY(m_window->close());
-    QFile file(QDir::homePath() + "/.config/tessaril/state.json");
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(QJsonDocument(QJsonObject{{"tileZoom", stored}}).toJson());
-    file.close();
-
-    m_window = std::make_unique<MainWindow>();
-    QCOMPARE(m_window->views().tilePicker->zoom(), zoom);
-    QCOMPARE(m_window->views().menuBar->fileMenu()->lastDirectory().path(), QString("~"));
-    QVERIFY(m_window->close());
-
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QJsonObject written = QJsonDocument::fromJson(file.readAll()).object();
-    QCOMPARE(written.value("tileZoom").toInt(), zoom);
-}
-
-void tst_MainWindow::damagedStateDoesNoHarm()
-{
-    QVERIFY(m_window->close());
-    QFile file(QDir::homePath() + "/.config/tessaril/state.json");
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(R"({"windowState": "AAAAAAAA", "windowGeometry": "////", "tileZoom": 100})");
-    file.close();
-
-    m_window = std::make_unique<MainWindow>();
-
-    QVERIFY(m_window->isVisible());
-    QCOMPARE(m_window->views().tilePicker->zoom(), 16);
-    QVERIFY(!m_window->views().projectWindow->isHidden());
 }
 
 QTEST_MAIN(tst_MainWindow)

@@ -22,6 +22,10 @@ class tst_MainWindowState : public QObject
 private slots:
     void init();
     void theFirstRunKeepsTheDefaults();
+    void stateSurvivesARestart();
+    void aZoomBeyondItsRangeIsWrittenClamped_data();
+    void aZoomBeyondItsRangeIsWrittenClamped();
+    void damagedStateDoesNoHarm();
     void docksKeepTheirSizesWhenAProjectOpens();
     void resetLayoutBringsTheSizesBack();
     void anUnknownIntervalBecomesWeekly();
@@ -84,6 +88,58 @@ void tst_MainWindowState::theFirstRunKeepsTheDefaults()
     QCOMPARE(m_window->dockWidgetArea(m_window->views().tilePicker), Qt::BottomDockWidgetArea);
     QCOMPARE(m_window->tabifiedDockWidgets(m_window->views().tileWindow).size(), 2);
     QCOMPARE(m_window->views().preferences->generalPage()->updateInterval(), QString("weekly"));
+}
+
+void tst_MainWindowState::stateSurvivesARestart()
+{
+    m_window = std::make_unique<MainWindow>();
+    m_window->views().tilePicker->setZoom(3);
+    m_window->views().menuBar->fileMenu()->addRecent("/somewhere/game.tessaril");
+    m_window->resize(900, 700);
+    m_window->views().projectWindow->hide();
+    QVERIFY(m_window->close());
+
+    m_window = std::make_unique<MainWindow>();
+
+    QCOMPARE(m_window->views().tilePicker->zoom(), 3);
+    QCOMPARE(m_window->views().menuBar->fileMenu()->recent(),
+             QStringList({"/somewhere/game.tessaril"}));
+    QVERIFY(m_window->views().projectWindow->isHidden());
+    QCOMPARE(m_window->size(), QSize(900, 700));
+}
+
+void tst_MainWindowState::aZoomBeyondItsRangeIsWrittenClamped_data()
+{
+    QTest::addColumn<int>("stored");
+    QTest::addColumn<int>("zoom");
+    QTest::newRow("too large") << 100 << 16;
+    QTest::newRow("too small") << 0 << 1;
+}
+
+void tst_MainWindowState::aZoomBeyondItsRangeIsWrittenClamped()
+{
+    QFETCH(int, stored);
+    QFETCH(int, zoom);
+    writeFile("state.json", QJsonDocument(QJsonObject{{"tileZoom", stored}}).toJson());
+
+    m_window = std::make_unique<MainWindow>();
+    QCOMPARE(m_window->views().tilePicker->zoom(), zoom);
+    QCOMPARE(m_window->views().menuBar->fileMenu()->lastDirectory().path(), QString("~"));
+    QVERIFY(m_window->close());
+
+    QCOMPARE(readFile("state.json").value("tileZoom").toInt(), zoom);
+}
+
+void tst_MainWindowState::damagedStateDoesNoHarm()
+{
+    writeFile("state.json",
+              R"({"windowState": "AAAAAAAA", "windowGeometry": "////", "tileZoom": 100})");
+
+    m_window = std::make_unique<MainWindow>();
+
+    QVERIFY(m_window->isVisible());
+    QCOMPARE(m_window->views().tilePicker->zoom(), 16);
+    QVERIFY(!m_window->views().projectWindow->isHidden());
 }
 
 void tst_MainWindowState::docksKeepTheirSizesWhenAProjectOpens()

@@ -1,6 +1,4 @@
-#include "control/ProjectActions.h"
-#include "control/ProjectController.h"
-#include "menus/MenuBar.h"
+#include "control/ActionsDesk.h"
 #include "model/Map.h"
 #include "model/Palette.h"
 #include "model/Project.h"
@@ -9,7 +7,6 @@
 #include "support/TestFiles.h"
 
 #include <QApplication>
-#include <QMainWindow>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -49,7 +46,7 @@ class tst_MapImport : public QObject
 
 private slots:
     void init();
-    void cleanup();
+    void cleanup() { m_desk.reset(); }
 
     void fourFilesMakeThreeDocuments_data();
     void fourFilesMakeThreeDocuments();
@@ -66,7 +63,7 @@ private slots:
     void aPictureHasProgressThatCannotBeCancelled();
 
 private:
-    Project *project() const { return m_controller->project(); }
+    Project *project() const { return m_desk->project(); }
     QString path(const QString &name) const { return m_folder->filePath(name); }
     void makeFourFiles(const QByteArray &blocks);
     /// A picture of @p count different tiles of two colours, side by side in rows of 32.
@@ -78,30 +75,13 @@ private:
     QString documents() const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<QMainWindow> m_window;
-    std::unique_ptr<ProjectController> m_controller;
-    std::unique_ptr<ProjectActions> m_actions;
+    std::unique_ptr<ActionsDesk> m_desk;
 };
 
 void tst_MapImport::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
-    m_window = std::make_unique<QMainWindow>();
-    auto *bar = new MenuBar(m_window.get());
-    m_window->setMenuBar(bar);
-    m_window->show();
-    m_controller = std::make_unique<ProjectController>(m_window.get(), bar->fileMenu());
-    DocumentViews views;
-    views.menuBar = bar;
-    m_actions = std::make_unique<ProjectActions>(views, m_controller.get(), nullptr);
-    m_controller->newProject("Rescue");
-}
-
-void tst_MapImport::cleanup()
-{
-    m_actions.reset();
-    m_controller.reset();
-    m_window.reset();
+    m_desk = std::make_unique<ActionsDesk>("Rescue");
 }
 
 void tst_MapImport::makeFourFiles(const QByteArray &blocks)
@@ -151,7 +131,7 @@ void tst_MapImport::fourFilesMakeThreeDocuments()
     QFETCH(QString, chosen);
     makeFourFiles(QByteArray("\x01\x00\x02\x00\x03\x00\x04\x00", 8));
 
-    m_actions->importMap(path(chosen));
+    m_desk->actions.importMap(path(chosen));
 
     QVERIFY(!box());
     QCOMPARE(documents(), QString("1 1 1"));
@@ -185,13 +165,13 @@ void tst_MapImport::aMissingSiblingIsTold()
         QVERIFY(QFile::remove(path(missing)));
     }
 
-    m_actions->importMap(path(chosen));
+    m_desk->actions.importMap(path(chosen));
 
     QVERIFY(box());
     QCOMPARE(box()->text(), QString("Import Incomplete"));
     QCOMPARE(box()->informativeText(), QString("Some of the required files are missing"));
     QCOMPARE(documents(), QString("0 0 0"));
-    QVERIFY(!m_controller->isDirty());
+    QVERIFY(!m_desk->control.isDirty());
 }
 
 void tst_MapImport::aDamagedPaletteKeepsThePalette()
@@ -199,33 +179,33 @@ void tst_MapImport::aDamagedPaletteKeepsThePalette()
     makeFourFiles(QByteArray(8, '\0'));
     QVERIFY(TestFiles::make(path("level.nxp"), QByteArray(511, '\0')));
 
-    m_actions->importMap(path("level.nxm"));
+    m_desk->actions.importMap(path("level.nxm"));
 
     QVERIFY(box());
     QCOMPARE(box()->informativeText(), QString("Could not import the palette data"));
     QCOMPARE(documents(), QString("1 0 0"));
-    QVERIFY(m_controller->isDirty());
+    QVERIFY(m_desk->control.isDirty());
 }
 
 void tst_MapImport::aBlockPastTheBlockFileKeepsWhatWasMade()
 {
     makeFourFiles(QByteArray(7, '\0'));
 
-    m_actions->importMap(path("level.nxm"));
+    m_desk->actions.importMap(path("level.nxm"));
 
     QVERIFY(box());
     QCOMPARE(box()->text(), QString("Import Incomplete"));
     QCOMPARE(box()->informativeText(), QString("Could not import the map data"));
     QCOMPARE(documents(), QString("1 1 1"));
     QCOMPARE(project()->maps().first()->tileLayer()->size(), QSize(2, 2));
-    QVERIFY(m_controller->isDirty());
+    QVERIFY(m_desk->control.isDirty());
 }
 
 void tst_MapImport::aPictureMakesThreeDocuments()
 {
     QVERIFY(differentTiles(3).save(path("scene.png")));
 
-    m_actions->importMap(path("scene.png"));
+    m_desk->actions.importMap(path("scene.png"));
 
     QVERIFY(!box());
     QCOMPARE(documents(), QString("1 1 1"));
@@ -237,13 +217,13 @@ void tst_MapImport::aPictureThatCannotBeReadIsTold()
 {
     QVERIFY(TestFiles::make(path("scene.png"), "no picture"));
 
-    m_actions->importMap(path("scene.png"));
+    m_desk->actions.importMap(path("scene.png"));
 
     QVERIFY(box());
     QCOMPARE(box()->text(), QString("Import Incomplete"));
     QCOMPARE(box()->informativeText(), QString("Could not read the image file"));
     QCOMPARE(documents(), QString("0 0 0"));
-    QVERIFY(!m_controller->isDirty());
+    QVERIFY(!m_desk->control.isDirty());
 }
 
 void tst_MapImport::tooManyTilesAreRefused()
@@ -251,7 +231,7 @@ void tst_MapImport::tooManyTilesAreRefused()
     // A row of empty squares below is one tile more.
     QVERIFY(differentTiles(512).copy(0, 0, 256, 17 * 8).save(path("scene.png")));
 
-    m_actions->importMap(path("scene.png"));
+    m_desk->actions.importMap(path("scene.png"));
 
     QVERIFY(box());
     QCOMPARE(box()->text(), QString("Import Incomplete"));
@@ -259,14 +239,14 @@ void tst_MapImport::tooManyTilesAreRefused()
              QString("Cannot import the image as it would need more than 512 tiles\n"
                      "513 required"));
     QCOMPARE(documents(), QString("0 0 0"));
-    QVERIFY(!m_controller->isDirty());
+    QVERIFY(!m_desk->control.isDirty());
 }
 
 void tst_MapImport::exactlyTheMostTilesPass()
 {
     QVERIFY(differentTiles(512).save(path("scene.png")));
 
-    m_actions->importMap(path("scene.png"));
+    m_desk->actions.importMap(path("scene.png"));
 
     QVERIFY(!box());
     QCOMPARE(documents(), QString("1 1 1"));
@@ -280,7 +260,7 @@ void tst_MapImport::aFullPaletteIsTold()
     QVERIFY(picture.save(path("scene.png")));
     QTest::ignoreMessage(QtWarningMsg, "Palette full!");
 
-    m_actions->importMap(path("scene.png"));
+    m_desk->actions.importMap(path("scene.png"));
 
     QVERIFY(box());
     QCOMPARE(box()->text(), QString("Import Incomplete"));
@@ -291,11 +271,11 @@ void tst_MapImport::aFullPaletteIsTold()
 
 void tst_MapImport::theBoxIsPlainAndBearsTheIcon()
 {
-    m_actions->importMap(path("missing.png"));
+    m_desk->actions.importMap(path("missing.png"));
 
     QCOMPARE(box()->windowTitle(), QString("Map Editor"));
     QCOMPARE(box()->windowModality(), Qt::WindowModal);
-    QCOMPARE(box()->parentWidget(), m_window.get());
+    QCOMPARE(box()->parentWidget(), &m_desk->window);
     QCOMPARE(box()->textFormat(), Qt::PlainText);
     QCOMPARE(box()->iconPixmap().deviceIndependentSize(), QSizeF(64, 64));
     QTest::keyClick(box(), Qt::Key_Return);
@@ -307,7 +287,7 @@ void tst_MapImport::aPictureHasProgressThatCannotBeCancelled()
     QVERIFY(differentTiles(64).save(path("scene.png")));
     ProgressWatch watch;
 
-    m_actions->importMap(path("scene.png"));
+    m_desk->actions.importMap(path("scene.png"));
 
     QCOMPARE(watch.labels, QStringList("Processing image"));
     QCOMPARE(watch.maximum, 64);

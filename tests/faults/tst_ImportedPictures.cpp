@@ -2,10 +2,8 @@
 
 #include "canvas/Canvas.h"
 #include "canvas/View.h"
-#include "control/ProjectActions.h"
-#include "control/ProjectController.h"
+#include "control/ActionsDesk.h"
 #include "formats/SpriteImport.h"
-#include "menus/MenuBar.h"
 #include "model/Map.h"
 #include "model/Palette.h"
 #include "model/Project.h"
@@ -19,7 +17,6 @@
 
 #include <QApplication>
 #include <QBuffer>
-#include <QMainWindow>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QTemporaryDir>
@@ -35,7 +32,7 @@ class tst_ImportedPictures : public QObject
 
 private slots:
     void init();
-    void cleanup();
+    void cleanup() { m_desk.reset(); }
 
     void aLevelIsMadeOrRefusedInWords_data() { addPictures(); }
     void aLevelIsMadeOrRefusedInWords();
@@ -49,14 +46,12 @@ private:
     static void addHeaders();
     static void addPngs();
     QString path() const { return m_folder->filePath(QStringLiteral("picture")); }
-    Project *project() const { return m_controller->project(); }
+    Project *project() const { return m_desk->project(); }
     QString told() const;
     void verifyBounds(qint64 startMs);
 
     std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<QMainWindow> m_window;
-    std::unique_ptr<ProjectController> m_controller;
-    std::unique_ptr<ProjectActions> m_actions;
+    std::unique_ptr<ActionsDesk> m_desk;
 };
 
 namespace {
@@ -126,23 +121,8 @@ bool isSavedOrRefused(const Project &project)
 void tst_ImportedPictures::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
-    m_window = std::make_unique<QMainWindow>();
-    auto *bar = new MenuBar(m_window.get());
-    m_window->setMenuBar(bar);
-    m_window->show();
-    m_controller = std::make_unique<ProjectController>(m_window.get(), bar->fileMenu());
-    DocumentViews views;
-    views.menuBar = bar;
-    m_actions = std::make_unique<ProjectActions>(views, m_controller.get(), nullptr);
-    m_controller->newProject("game");
+    m_desk = std::make_unique<ActionsDesk>("game");
     Sweep::forgetPeak();
-}
-
-void tst_ImportedPictures::cleanup()
-{
-    m_actions.reset();
-    m_controller.reset();
-    m_window.reset();
 }
 
 /// The message is that of an import to a level, empty if it is done.
@@ -245,7 +225,7 @@ void tst_ImportedPictures::aLevelIsMadeOrRefusedInWords()
     QVERIFY(TestFiles::make(path(), file));
     const qint64 start = Sweep::usedMs();
 
-    m_actions->importMap(path());
+    m_desk->actions.importMap(path());
 
     verifyBounds(start);
     QVERIFY2(message.isEmpty() ? told().isEmpty() : told().startsWith(message), qPrintable(told()));

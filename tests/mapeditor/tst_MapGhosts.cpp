@@ -1,14 +1,10 @@
 #include "mapeditor/MapTool.h"
 
-#include "ShownGrid.h"
-#include "model/MapObjects.h"
+#include "FurnishedGrid.h"
 #include "model/Palette.h"
 #include "model/SpriteAnim.h"
-#include "model/SpriteBank.h"
 #include "model/Tile.h"
-#include "model/TileAnimation.h"
 #include "support/PaintCounter.h"
-#include "support/TestSprites.h"
 
 using Tool = Tessaril::Ui::ToolButton;
 
@@ -38,7 +34,7 @@ class tst_MapGhosts : public QObject
 
 private slots:
     void init();
-    void cleanup();
+    void cleanup() { m_shown.reset(); }
 
     void aBlockIsShownBeforeItIsPlaced();
     void theCellsOfABlockAreShownTurned();
@@ -62,41 +58,20 @@ private:
         return ShownGrid::Corner + QPoint(x, y) * 4 + QPoint(2, 2);
     }
     QColor tileColour(int value) const { return m_shown->tiles.palette->colour(value); }
-    QColor spriteColour(int index) const { return m_bank->palette()->colour(index + 1); }
+    QColor spriteColour(int index) const { return m_shown->bank.palette()->colour(index + 1); }
 
-    std::unique_ptr<ShownGrid> m_shown;
-    std::unique_ptr<MapObjects> m_blocks;
-    QPointer<TileAnimation> m_door; // 2 by 1 cells: tiles 8 and 9
-    std::unique_ptr<SpriteBank> m_bank;
+    std::unique_ptr<FurnishedGrid> m_shown;
 };
 
 void tst_MapGhosts::init()
 {
-    m_shown = std::make_unique<ShownGrid>();
-    m_blocks = std::make_unique<MapObjects>();
-    m_blocks->setTileSet(m_shown->tiles.set.get());
-    m_door = m_blocks->createTileAnimation(QStringLiteral("Door"));
-    m_door->setTileSet(m_shown->tiles.set.get());
-    m_door->setSize({2, 1});
-    AnimationFrame *const frame = m_door->addFrame();
-    frame->setCell({0, 0}, {.index = 8});
-    frame->setCell({1, 0}, {.index = 9});
-    m_bank = std::make_unique<SpriteBank>(Tessaril::Sprite::EightBit);
-    m_bank->setPalette(m_shown->tiles.palette.get());
-    TestSprites::fill(*m_bank, 4);
-    grid().setSpriteBanks({m_bank.get()});
-}
-
-void tst_MapGhosts::cleanup()
-{
-    m_shown.reset();
-    m_blocks.reset();
-    m_bank.reset();
+    m_shown = std::make_unique<FurnishedGrid>(4);
+    m_shown->bank.setPalette(m_shown->tiles.palette.get());
 }
 
 void tst_MapGhosts::aBlockIsShownBeforeItIsPlaced()
 {
-    grid().setCurrentTileAnimation(m_door);
+    grid().setCurrentTileAnimation(m_shown->door);
 
     m_shown->move(at(1, 2));
 
@@ -113,9 +88,9 @@ void tst_MapGhosts::theCellsOfABlockAreShownTurned()
     QImage uneven = Tile::blankImage(m_shown->tiles.palette->colourTable());
     uneven.setPixel(1, 0, 7);
     m_shown->tiles.set->tile(4)->setImage(uneven);
-    m_door->frame(0)->setCell({0, 0}, {.index = 4, .offset = 2});
-    m_door->frame(0)->setCell({1, 0}, {.index = 4, .mirror = true, .rotate = true});
-    grid().setCurrentTileAnimation(m_door);
+    m_shown->door->frame(0)->setCell({0, 0}, {.index = 4, .offset = 2});
+    m_shown->door->frame(0)->setCell({1, 0}, {.index = 4, .mirror = true, .rotate = true});
+    grid().setCurrentTileAnimation(m_shown->door);
 
     m_shown->move(at(1, 1));
 
@@ -128,8 +103,8 @@ void tst_MapGhosts::theCellsOfABlockAreShownTurned()
 
 void tst_MapGhosts::noBlockIsShownOverAPlacedOne()
 {
-    m_shown->map->addAnimation({.id = m_door->id(), .rect = {1, 1, 2, 1}});
-    grid().setCurrentTileAnimation(m_door);
+    m_shown->map->addAnimation({.id = m_shown->door->id(), .rect = {1, 1, 2, 1}});
+    grid().setCurrentTileAnimation(m_shown->door);
 
     m_shown->move(at(2, 1));
 
@@ -140,7 +115,7 @@ void tst_MapGhosts::noBlockIsShownOverAPlacedOne()
 
 void tst_MapGhosts::aSpriteIsShownAtSixTenths()
 {
-    grid().setCurrentSprite(m_bank->id(), 2);
+    grid().setCurrentSprite(m_shown->bank.id(), 2);
 
     m_shown->move(pixel(9, 5));
 
@@ -155,7 +130,7 @@ void tst_MapGhosts::aSpriteIsShownAtSixTenths()
 void tst_MapGhosts::theGhostSnaps()
 {
     grid().setSnapToSize(2);
-    grid().setCurrentSprite(m_bank->id(), 2);
+    grid().setCurrentSprite(m_shown->bank.id(), 2);
 
     m_shown->move(pixel(30, 20));
 
@@ -165,7 +140,7 @@ void tst_MapGhosts::theGhostSnaps()
 
 void tst_MapGhosts::theGhostOfAnAnimationIsItsFirstFrame()
 {
-    const auto animation = m_bank->createAnimation();
+    const auto animation = m_shown->bank.createAnimation();
     animation->frame(0)->setCell({0, 0}, {.index = 3});
     animation->addFrame();
     animation->setDelay(2);
@@ -179,9 +154,9 @@ void tst_MapGhosts::theGhostOfAnAnimationIsItsFirstFrame()
 
 void tst_MapGhosts::noSpriteIsShownOverAPlacedOne()
 {
-    grid().setCurrentSprite(m_bank->id(), 2);
+    grid().setCurrentSprite(m_shown->bank.id(), 2);
     m_shown->click(pixel(8, 8));
-    grid().setCurrentSprite(m_bank->id(), 0);
+    grid().setCurrentSprite(m_shown->bank.id(), 0);
 
     m_shown->move(pixel(20, 20));
 
@@ -191,7 +166,7 @@ void tst_MapGhosts::noSpriteIsShownOverAPlacedOne()
 
 void tst_MapGhosts::noSpriteIsShownDuringADrag()
 {
-    grid().setCurrentSprite(m_bank->id(), 2);
+    grid().setCurrentSprite(m_shown->bank.id(), 2);
     m_shown->click(pixel(8, 8));
 
     m_shown->press(pixel(10, 10));
@@ -205,13 +180,13 @@ void tst_MapGhosts::noSpriteIsShownDuringADrag()
 
 void tst_MapGhosts::aGhostGoesWithTheMouse()
 {
-    grid().setCurrentSprite(m_bank->id(), 2);
+    grid().setCurrentSprite(m_shown->bank.id(), 2);
     m_shown->move(pixel(9, 5));
     QVERIFY(m_shown->pixel(pixel(12, 12)) != tileColour(1));
 
     m_shown->move({390, 290});
     QCOMPARE(m_shown->pixel(pixel(12, 12)), tileColour(1));
-    grid().setCurrentTileAnimation(m_door);
+    grid().setCurrentTileAnimation(m_shown->door);
     m_shown->move(at(1, 2));
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(&grid(), &leave);

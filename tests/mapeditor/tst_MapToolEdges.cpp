@@ -1,11 +1,6 @@
-#include "ShownGrid.h"
-#include "model/AnimatedBlocks.h"
-#include "model/MapObjects.h"
+#include "FurnishedGrid.h"
 #include "model/Palette.h"
-#include "model/SpriteBank.h"
 #include "model/Tile.h"
-#include "model/TileAnimation.h"
-#include "support/TestSprites.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -20,8 +15,8 @@ class tst_MapToolEdges : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { m_shown = std::make_unique<FurnishedGrid>(); }
+    void cleanup() { m_shown.reset(); }
 
     void snapCountsFromTheViewForPaint();
     void snapCountsFromTheMapForObjects();
@@ -55,46 +50,10 @@ private:
     {
         return grid().cellGeometry().gridRect.topLeft() + QPoint(32 * x + 16, 32 * y + 16);
     }
-    void placeSpriteAt(QPoint mapPixel);
     void copyToClipboard(QRect cells);
 
-    std::unique_ptr<ShownGrid> m_shown;
-    std::unique_ptr<MapObjects> m_blocks;
-    QPointer<TileAnimation> m_door; // 2 by 1 cells: tiles 8 and 9
-    std::unique_ptr<SpriteBank> m_bank;
+    std::unique_ptr<FurnishedGrid> m_shown;
 };
-
-void tst_MapToolEdges::init()
-{
-    m_shown = std::make_unique<ShownGrid>();
-    m_blocks = std::make_unique<MapObjects>();
-    m_blocks->setTileSet(m_shown->tiles.set.get());
-    m_door = m_blocks->createTileAnimation(QStringLiteral("Door"));
-    m_door->setTileSet(m_shown->tiles.set.get());
-    m_door->setSize({2, 1});
-    m_door->addFrame()->setCell({0, 0}, {.index = 8});
-    m_door->frame(0)->setCell({1, 0}, {.index = 9});
-    m_bank = std::make_unique<SpriteBank>(Tessaril::Sprite::EightBit);
-    TestSprites::fill(*m_bank, 2);
-    grid().setSpriteBanks({m_bank.get()});
-}
-
-void tst_MapToolEdges::cleanup()
-{
-    m_shown.reset();
-    m_blocks.reset();
-    m_bank.reset();
-}
-
-void tst_MapToolEdges::placeSpriteAt(QPoint mapPixel)
-{
-    Map::PlacedSprite sprite;
-    sprite.bank = m_bank->id();
-    sprite.sprite = 1;
-    sprite.x = mapPixel.x();
-    sprite.y = mapPixel.y();
-    map().sprites().append(sprite);
-}
 
 void tst_MapToolEdges::copyToClipboard(QRect cells)
 {
@@ -123,16 +82,16 @@ void tst_MapToolEdges::snapCountsFromTheMapForObjects()
     grid().resize(100, 80);
     grid().setHorizontalScrollPosition(1);
     grid().setSnapToSize(2);
-    grid().setCurrentTileAnimation(m_door);
+    grid().setCurrentTileAnimation(m_shown->door);
 
     m_shown->click(inView(2, 1)); // cell 3, which the map's own snap makes 2
 
-    QCOMPARE(map().animatedBlocks()->find({2, 0, 2, 1}), m_door->id());
+    QCOMPARE(map().animatedBlocks()->find({2, 0, 2, 1}), m_shown->door->id());
 }
 
 void tst_MapToolEdges::aStrokeFromElsewhereCrossesAPlacedObject()
 {
-    map().addAnimation({.id = m_door->id(), .rect = {2, 1, 2, 1}});
+    map().addAnimation({.id = m_shown->door->id(), .rect = {2, 1, 2, 1}});
     grid().setCurrentTileIndex(5);
 
     m_shown->move(at(1, 1));
@@ -145,7 +104,7 @@ void tst_MapToolEdges::aStrokeFromElsewhereCrossesAPlacedObject()
 
 void tst_MapToolEdges::aBlockedToolShowsNoHandOverObjects()
 {
-    map().addAnimation({.id = m_door->id(), .rect = {2, 1, 2, 1}});
+    map().addAnimation({.id = m_shown->door->id(), .rect = {2, 1, 2, 1}});
     grid().setMapVisibility(false);
 
     m_shown->move(at(2, 1));
@@ -160,8 +119,8 @@ void tst_MapToolEdges::aBlockedToolShowsNoHandOverObjects()
 
 void tst_MapToolEdges::ofTwoObjectsTheEarlierIsHovered()
 {
-    map().addAnimation({.id = m_door->id(), .rect = {2, 1, 2, 1}});
-    map().addAnimation({.id = m_door->id(), .rect = {1, 0, 3, 3}});
+    map().addAnimation({.id = m_shown->door->id(), .rect = {2, 1, 2, 1}});
+    map().addAnimation({.id = m_shown->door->id(), .rect = {1, 0, 3, 3}});
     m_shown->move(at(2, 1));
 
     grid().deleteHovered();
@@ -213,7 +172,7 @@ void tst_MapToolEdges::thePreviewTurnsLikeTheTile()
 
 void tst_MapToolEdges::noTileIsPreviewedOverObjects()
 {
-    map().addAnimation({.id = m_door->id(), .rect = {2, 1, 2, 1}});
+    map().addAnimation({.id = m_shown->door->id(), .rect = {2, 1, 2, 1}});
     grid().setCurrentTileIndex(5);
     const QColor before = m_shown->pixel(at(2, 1));
 
@@ -226,18 +185,18 @@ void tst_MapToolEdges::noTileIsPreviewedOverObjects()
 
 void tst_MapToolEdges::eitherButtonPlacesAnObject()
 {
-    grid().setCurrentTileAnimation(m_door);
+    grid().setCurrentTileAnimation(m_shown->door);
 
     m_shown->click(at(1, 2), Qt::RightButton);
 
-    QCOMPARE(map().animatedBlocks()->find({1, 2, 2, 1}), m_door->id());
+    QCOMPARE(map().animatedBlocks()->find({1, 2, 2, 1}), m_shown->door->id());
     QVERIFY(map().tileLayer()->cell({1, 2}).occupied);
     QVERIFY(map().objectLayer()->cell({2, 2}).occupied);
 }
 
 void tst_MapToolEdges::anObjectIsPlacedOncePerStroke()
 {
-    grid().setCurrentTileAnimation(m_door);
+    grid().setCurrentTileAnimation(m_shown->door);
     m_shown->click(at(0, 0));
     m_shown->click(at(0, 0)); // still over the one just placed
     QCOMPARE(map().animatedBlocks()->blocks().size(), 1);
@@ -246,7 +205,7 @@ void tst_MapToolEdges::anObjectIsPlacedOncePerStroke()
     m_shown->click(at(3, 3));
     QCOMPARE(map().animatedBlocks()->blocks().size(), 2);
 
-    delete m_door.data();
+    delete m_shown->door.data();
     m_shown->move(at(0, 2));
     m_shown->click(at(0, 2));
 
@@ -346,7 +305,7 @@ void tst_MapToolEdges::thePickerPointsWithItsTip()
 
 void tst_MapToolEdges::aShortPullOnASpriteIsAClick()
 {
-    placeSpriteAt({8, 8});
+    m_shown->placeSpriteAt({8, 8});
     grid().setMode(Tool::PlaceSprite);
     QSignalSpy clicked(&grid(), &MapGrid::spriteClicked);
     const int distance = QApplication::startDragDistance();
@@ -366,7 +325,7 @@ void tst_MapToolEdges::aShortPullOnASpriteIsAClick()
 
 void tst_MapToolEdges::aSpriteBroughtBackIsNoStepAndNoClick()
 {
-    placeSpriteAt({8, 8});
+    m_shown->placeSpriteAt({8, 8});
     grid().setMode(Tool::PlaceSprite);
     QSignalSpy clicked(&grid(), &MapGrid::spriteClicked);
 
@@ -383,7 +342,7 @@ void tst_MapToolEdges::aSpriteBroughtBackIsNoStepAndNoClick()
 
 void tst_MapToolEdges::snapOfADragKeepsTheSignOfTheRemainder()
 {
-    placeSpriteAt({4, 20});
+    m_shown->placeSpriteAt({4, 20});
     grid().setMode(Tool::PlaceSprite);
     grid().setSnapToSize(2);
 

@@ -1,12 +1,7 @@
 #include "mapeditor/MapTool.h"
 
-#include "ShownGrid.h"
-#include "model/AnimatedBlocks.h"
-#include "model/MapObjects.h"
-#include "model/SpriteBank.h"
+#include "FurnishedGrid.h"
 #include "model/Tile.h"
-#include "model/TileAnimation.h"
-#include "support/TestSprites.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -22,8 +17,8 @@ class tst_MapTools : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { m_shown = std::make_unique<FurnishedGrid>(); }
+    void cleanup() { m_shown.reset(); }
 
     void aStrokeIsOnePaintStep();
     void paintedCellsTakeTurnsAndTheOffsetOfTheTile();
@@ -54,46 +49,9 @@ private:
     MapGrid &grid() const { return m_shown->grid; }
     Map &map() const { return *m_shown->map; }
     static QPoint at(int x, int y) { return ShownGrid::at(x, y); }
-    void placeSpriteAt(QPoint mapPixel);
 
-    std::unique_ptr<ShownGrid> m_shown;
-    std::unique_ptr<MapObjects> m_blocks;
-    QPointer<TileAnimation> m_door; // 2 by 1 cells: tiles 8 and 9
-    std::unique_ptr<SpriteBank> m_bank;
+    std::unique_ptr<FurnishedGrid> m_shown;
 };
-
-void tst_MapTools::init()
-{
-    m_shown = std::make_unique<ShownGrid>();
-    m_blocks = std::make_unique<MapObjects>();
-    m_blocks->setTileSet(m_shown->tiles.set.get());
-    m_door = m_blocks->createTileAnimation(QStringLiteral("Door"));
-    m_door->setTileSet(m_shown->tiles.set.get());
-    m_door->setSize({2, 1});
-    AnimationFrame *frame = m_door->addFrame();
-    frame->setCell({0, 0}, {.index = 8});
-    frame->setCell({1, 0}, {.index = 9});
-    m_bank = std::make_unique<SpriteBank>(Tessaril::Sprite::EightBit);
-    TestSprites::fill(*m_bank, 2);
-    grid().setSpriteBanks({m_bank.get()});
-}
-
-void tst_MapTools::cleanup()
-{
-    m_shown.reset();
-    m_blocks.reset();
-    m_bank.reset();
-}
-
-void tst_MapTools::placeSpriteAt(QPoint mapPixel)
-{
-    Map::PlacedSprite sprite;
-    sprite.bank = m_bank->id();
-    sprite.sprite = 1;
-    sprite.x = mapPixel.x();
-    sprite.y = mapPixel.y();
-    map().sprites().append(sprite);
-}
 
 void tst_MapTools::aStrokeIsOnePaintStep()
 {
@@ -182,7 +140,7 @@ void tst_MapTools::theTileIsPreviewedUnderTheMouse()
 
 void tst_MapTools::placedObjectsAreNotPaintedOver()
 {
-    map().addAnimation({.id = m_door->id(), .rect = {1, 1, 2, 1}});
+    map().addAnimation({.id = m_shown->door->id(), .rect = {1, 1, 2, 1}});
     grid().setCurrentTileIndex(5);
 
     m_shown->move(at(2, 1));
@@ -199,7 +157,7 @@ void tst_MapTools::placedObjectsAreNotPaintedOver()
 void tst_MapTools::placingAnObjectIsOneStep()
 {
     map().objectLayer()->setCell({0, 0}, TestMaps::cell(12));
-    grid().setCurrentTileAnimation(m_door);
+    grid().setCurrentTileAnimation(m_shown->door);
     QCOMPARE(grid().mode(), Tool::PlaceAnim);
 
     m_shown->move(at(1, 2));
@@ -210,7 +168,7 @@ void tst_MapTools::placingAnObjectIsOneStep()
     QCOMPARE(m_shown->stack.count(), 1);
     QCOMPARE(m_shown->undoText(), QStringLiteral("Place Animation"));
     QCOMPARE(map().animatedBlocks()->blocks().size(), 1);
-    QCOMPARE(map().animatedBlocks()->find({1, 2, 2, 1}), m_door->id());
+    QCOMPARE(map().animatedBlocks()->find({1, 2, 2, 1}), m_shown->door->id());
     QCOMPARE(map().objectLayer()->cell({1, 2}).index, 8);
     QCOMPARE(map().objectLayer()->cell({2, 2}).index, 9);
     QCOMPARE(map().objectLayer()->cell({0, 0}).index, 12);
@@ -223,7 +181,7 @@ void tst_MapTools::placingAnObjectIsOneStep()
 
 void tst_MapTools::aHiddenObjectLayerTakesNoObject()
 {
-    grid().setCurrentTileAnimation(m_door);
+    grid().setCurrentTileAnimation(m_shown->door);
     grid().setObjectVisibility(false);
 
     m_shown->click(at(1, 2));
@@ -234,7 +192,7 @@ void tst_MapTools::aHiddenObjectLayerTakesNoObject()
 
 void tst_MapTools::deletingAPlacedObjectEmptiesItsCells()
 {
-    map().addAnimation({.id = m_door->id(), .rect = {1, 1, 2, 1}});
+    map().addAnimation({.id = m_shown->door->id(), .rect = {1, 1, 2, 1}});
     m_shown->move(at(1, 1));
 
     grid().deleteHovered();
@@ -342,7 +300,7 @@ void tst_MapTools::pickingGoesBackToTheToolBefore()
 void tst_MapTools::aSpriteIsPlacedAtTheVeryPixel()
 {
     QSignalSpy selected(&grid(), &MapGrid::selectedSpriteChanged);
-    grid().setCurrentSprite(m_bank->id(), 1);
+    grid().setCurrentSprite(m_shown->bank.id(), 1);
     QCOMPARE(grid().mode(), Tool::PlaceSprite);
 
     m_shown->click(ShownGrid::Corner + QPoint(4 * 11, 4 * 5));
@@ -351,7 +309,7 @@ void tst_MapTools::aSpriteIsPlacedAtTheVeryPixel()
     QCOMPARE(map().sprites().at(0).x, 11);
     QCOMPARE(map().sprites().at(0).y, 5);
     QCOMPARE(map().sprites().at(0).sprite, 1);
-    QCOMPARE(map().sprites().at(0).bank, m_bank->id());
+    QCOMPARE(map().sprites().at(0).bank, m_shown->bank.id());
     QCOMPARE(m_shown->stack.count(), 1);
     QCOMPARE(m_shown->undoText(), QStringLiteral("Place Sprite"));
     QCOMPARE(selected.count(), 1);
@@ -361,7 +319,7 @@ void tst_MapTools::aSpriteIsPlacedAtTheVeryPixel()
 void tst_MapTools::snapPlacesSpritesOnWholeCells()
 {
     grid().setSnapToSize(2);
-    grid().setCurrentSprite(m_bank->id(), 1);
+    grid().setCurrentSprite(m_shown->bank.id(), 1);
 
     m_shown->click(at(3, 3));
 
@@ -371,7 +329,7 @@ void tst_MapTools::snapPlacesSpritesOnWholeCells()
 
 void tst_MapTools::noSpriteIsPlacedOutsideTheMap()
 {
-    grid().setCurrentSprite(m_bank->id(), 1);
+    grid().setCurrentSprite(m_shown->bank.id(), 1);
 
     m_shown->click({390, 290});
     grid().setSpriteVisibility(false);
@@ -384,8 +342,8 @@ void tst_MapTools::noSpriteIsPlacedOutsideTheMap()
 
 void tst_MapTools::aClickOnASpriteOpensItAndRecordsNothing()
 {
-    placeSpriteAt({8, 8});
-    placeSpriteAt({16, 8});
+    m_shown->placeSpriteAt({8, 8});
+    m_shown->placeSpriteAt({16, 8});
     grid().setMode(Tool::PlaceSprite);
     QSignalSpy clicked(&grid(), &MapGrid::spriteClicked);
     QSignalSpy selected(&grid(), &MapGrid::selectedSpriteChanged);
@@ -400,7 +358,7 @@ void tst_MapTools::aClickOnASpriteOpensItAndRecordsNothing()
 
 void tst_MapTools::aDragMovesASpriteAsOneStep()
 {
-    placeSpriteAt({8, 8});
+    m_shown->placeSpriteAt({8, 8});
     grid().setMode(Tool::PlaceSprite);
     QSignalSpy clicked(&grid(), &MapGrid::spriteClicked);
 
@@ -419,7 +377,7 @@ void tst_MapTools::aDragMovesASpriteAsOneStep()
 
 void tst_MapTools::aDragMayLeaveTheMap()
 {
-    placeSpriteAt({8, 8});
+    m_shown->placeSpriteAt({8, 8});
     grid().setMode(Tool::PlaceSprite);
 
     m_shown->press(at(2, 2));
@@ -432,7 +390,7 @@ void tst_MapTools::aDragMayLeaveTheMap()
 
 void tst_MapTools::pressingBesideSpritesUnselects()
 {
-    placeSpriteAt({8, 8});
+    m_shown->placeSpriteAt({8, 8});
     grid().setMode(Tool::PlaceSprite);
     m_shown->click(at(1, 1));
     QSignalSpy selected(&grid(), &MapGrid::selectedSpriteChanged);
@@ -447,7 +405,7 @@ void tst_MapTools::pressingBesideSpritesUnselects()
 void tst_MapTools::deletingSpritesFollowsTheSelection()
 {
     for (const int x : {0, 16, 32})
-        placeSpriteAt({x, 0});
+        m_shown->placeSpriteAt({x, 0});
     grid().setMode(Tool::PlaceSprite);
     m_shown->click(at(4, 1)); // selects the third
     QCOMPARE(grid().selectedSprite(), 2);
@@ -466,7 +424,7 @@ void tst_MapTools::deletingSpritesFollowsTheSelection()
 
 void tst_MapTools::editingASpriteIsOneStep()
 {
-    placeSpriteAt({8, 8});
+    m_shown->placeSpriteAt({8, 8});
     Map::PlacedSprite edited = map().sprites().at(0);
     edited.startFrame = 7;
     grid().applySpriteEdit(edited);

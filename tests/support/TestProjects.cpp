@@ -185,6 +185,13 @@ void fillLarge(Project *project)
         ->setImage(noise({256, 192}, &random));
 }
 
+Entries richEntries()
+{
+    Project project;
+    fill(&project);
+    return project.archiveEntries(true);
+}
+
 Project::EntryReader reader(const Entries &entries)
 {
     return [entries](const QString &name) { return entries.value(name); };

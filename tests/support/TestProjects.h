@@ -16,6 +16,9 @@ void fill(Project *project);
 /// title picture, all noise.
 void fillLarge(Project *project);
 
+/// The whole archive of what fill() makes.
+Entries richEntries();
+
 /// Reads from a map of entries as from an archive.
 Project::EntryReader reader(const Entries &entries);
 
