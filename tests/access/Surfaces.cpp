@@ -34,9 +34,10 @@ bool writeFile(const QString &name, const QByteArray &content)
 /// Menu items that end the project, or reach for the network or the frame.
 bool isLeftOut(const QAction *action)
 {
-    static const QStringList texts{"Quit",         "Close",      "Save",
-                                   "Reset Layout", "Status Bar", "Check for Updates…",
-                                   "Recent",       "Window",     "Tile List Magnification"};
+    static const QStringList texts{"Quit",         "Close",        "Save",
+                                   "Reset Layout", "Status Bar",   "Check for Updates…",
+                                   "Recent",       "Window",       "Tile List Magnification",
+                                   "Next Tile",    "Previous Tile"};
     return !action->isEnabled() || action->isSeparator() || texts.contains(action->text());
 }
 
@@ -115,8 +116,11 @@ void Surfaces::visitDocks(const Visit &visit)
 
 void Surfaces::visitDialogs(const Visit &visit)
 {
-    for (QAction *action : views().menuBar->actions())
-        visitMenu(action->text(), action->menu(), visit);
+    for (const QAction *action : views().menuBar->actions()) {
+        // What that menu does is no dialog, and pictures made after it would show what it left.
+        if (action->menu() != views().menuBar->editMenu())
+            visitMenu(action->text(), action->menu(), visit);
+    }
     visitImports(visit);
     visitMapDialogs(visit);
     visitMessages(visit);

@@ -284,6 +284,7 @@ class tst_Looks : public QObject
 private slots:
     void initTestCase();
     void cleanupTestCase();
+    void aVisitLeavesTheProjectAsItIs();
     void allStandsOut_data();
     void allStandsOut();
     void markedItemsStandOut_data() { allStandsOut_data(); }
@@ -311,6 +312,21 @@ void tst_Looks::cleanupTestCase()
 {
     QApplication::setPalette(lightColours());
     m_surfaces.reset();
+}
+
+/// Else the pictures of one visit would show what the one before it did.
+void tst_Looks::aVisitLeavesTheProjectAsItIs()
+{
+    const auto before = m_surfaces->project()->archiveEntries(false);
+    const int tab = m_surfaces->views().tabs->currentIndex();
+    int count = 0;
+
+    for (int i = 0; i < 2; ++i) // what the first one selected, the second one could have cut
+        m_surfaces->visitAll([&count](const QString &, QWidget *) { ++count; });
+
+    QVERIFY(count > 60);
+    QVERIFY(m_surfaces->project()->archiveEntries(false) == before);
+    QCOMPARE(m_surfaces->views().tabs->currentIndex(), tab);
 }
 
 void tst_Looks::allStandsOut_data()
