@@ -265,6 +265,7 @@ void View::resetPaletteOffsets()
 {
     if (!m_map || !m_map->tileSet())
         return;
+    const WaitCursor wait;
     const auto layer = m_map->tileLayer();
     TileMap::Rows rows = layer->rows();
     for (auto &row : rows) {
@@ -355,24 +356,28 @@ void View::setSelectedTile(TileMap::TileData tileData)
 
 void View::addRow(Position position)
 {
+    const WaitCursor wait;
     m_grid->addRows(position, 1);
     updateSizeText();
 }
 
 void View::addColumn(Position position)
 {
+    const WaitCursor wait;
     m_grid->addColumns(position, 1);
     updateSizeText();
 }
 
 void View::removeRow(Position position)
 {
+    const WaitCursor wait;
     m_grid->removeRows(position, 1);
     updateSizeText();
 }
 
 void View::removeColumn(Position position)
 {
+    const WaitCursor wait;
     m_grid->removeColumns(position, 1);
     updateSizeText();
 }

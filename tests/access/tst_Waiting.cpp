@@ -6,6 +6,7 @@
 #include "mapeditor/View.h"
 #include "model/Map.h"
 #include "model/Project.h"
+#include "model/TileSet.h"
 #include "support/DialogDriver.h"
 
 #include <QAction>
@@ -23,11 +24,11 @@ bool isWaiting()
     return cursor && cursor->shape() == Qt::WaitCursor;
 }
 
-/// Notes for each step whether the user was shown that it takes its time.
-class Step : public QUndoCommand
+/// Notes at each turn whether the user was shown that it takes its time.
+class Note : public QUndoCommand
 {
 public:
-    explicit Step(QList<bool> *waits)
+    explicit Note(QList<bool> *waits)
         : QUndoCommand(QStringLiteral("Step"))
         , m_waits(waits)
     {
@@ -39,7 +40,12 @@ private:
     QList<bool> *m_waits;
 };
 
+/// A change of the map's size by one.
+using Step = void (MapEditor::View::*)(Tessaril::Position);
+
 } // namespace
+
+Q_DECLARE_METATYPE(Step)
 
 /// Counts how often a widget is painted.
 class PaintCount : public QObject
@@ -65,6 +71,9 @@ private slots:
     void cleanup() { m_surfaces.reset(); }
     void undoAndRedoWait();
     void resizingAMapWaits();
+    void rowsAndColumnsWait_data();
+    void rowsAndColumnsWait();
+    void resettingPaletteOffsetsWaits();
     void readingAPictureWaits();
     void makingAMapWaits();
     void copyingAMapWaits();
@@ -94,8 +103,8 @@ void tst_Waiting::undoAndRedoWait()
     QList<bool> waits;
     QUndoStack *const stack =
         m_surfaces->window()->documentController()->undoStack(mapView()->map()->id());
-    stack->push(new Step(&waits));
-    stack->push(new Step(&waits));
+    stack->push(new Note(&waits));
+    stack->push(new Note(&waits));
 
     editAction("Undo")->trigger();
     QVERIFY(!isWaiting());
@@ -126,6 +135,49 @@ void tst_Waiting::resizingAMapWaits()
     QVERIFY(waited);
     QVERIFY(!isWaiting());
     QTRY_VERIFY(paints.count > 0);
+}
+
+void tst_Waiting::rowsAndColumnsWait_data()
+{
+    QTest::addColumn<Step>("step");
+    QTest::addColumn<QSize>("growth");
+    QTest::newRow("row more") << Step(&MapEditor::View::addRow) << QSize(0, 1);
+    QTest::newRow("column more") << Step(&MapEditor::View::addColumn) << QSize(1, 0);
+    QTest::newRow("row less") << Step(&MapEditor::View::removeRow) << QSize(0, -1);
+    QTest::newRow("column less") << Step(&MapEditor::View::removeColumn) << QSize(-1, 0);
+}
+
+void tst_Waiting::rowsAndColumnsWait()
+{
+    QFETCH(Step, step);
+    QFETCH(QSize, growth);
+    QList<bool> waits;
+    const auto layer = mapView()->map()->tileLayer();
+    const QSize size = layer->size();
+    connect(mapView()->grid(), &MapEditor::MapGrid::mapResized, this,
+            [&waits] { waits.append(isWaiting()); });
+
+    (mapView()->*step)(Tessaril::Position::End);
+
+    QCOMPARE(layer->size(), size + growth);
+    QCOMPARE(waits, QList<bool>{true});
+    QVERIFY(!isWaiting());
+}
+
+void tst_Waiting::resettingPaletteOffsetsWaits()
+{
+    QList<bool> waits;
+    const auto layer = mapView()->map()->tileLayer();
+    TileMap::TileData cell = layer->cell({0, 0});
+    cell.offset = mapView()->map()->tileSet()->tileOffset(cell.index) ^ 1;
+    layer->setCell({0, 0}, cell);
+    connect(layer, &TileMap::tilesChanged, this, [&waits] { waits.append(isWaiting()); });
+
+    mapView()->toolPaletteClicked(Tessaril::Ui::ToolButton::PaintPalette);
+
+    QCOMPARE(layer->cell({0, 0}).offset, cell.offset ^ 1);
+    QCOMPARE(waits, QList<bool>{true});
+    QVERIFY(!isWaiting());
 }
 
 void tst_Waiting::readingAPictureWaits()
