@@ -9,7 +9,6 @@ namespace {
 
 constexpr int Margin = 12;      // pixels between the editor and the panel's edge
 constexpr int PointerRoom = 10; // by which the panel is narrower on the pointer's side
-constexpr int OutlineWidth = 2; // pixels, half of them outside the shape
 
 } // namespace
 
@@ -69,9 +68,4 @@ void ColourEditorPopover::fitToSide()
     const bool left = side() == DialogPosition::LeftOf;
     layout()->setContentsMargins(Margin + (left ? PointerRoom : 0), Margin,
                                  Margin + (left ? 0 : PointerRoom), Margin);
-    // Screens without a compositor would show the corners black. The outline needs its own pixels.
-    const QPainterPath shape = shapeFor(size(), side());
-    QPainterPathStroker outline;
-    outline.setWidth(OutlineWidth);
-    setMask(QRegion(shape.united(outline.createStroke(shape)).toFillPolygon().toPolygon()));
 }

@@ -1,5 +1,6 @@
 #include "uikit/Popover.h"
 
+#include <QBitmap>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
@@ -38,6 +39,7 @@ void Popover::setSide(DialogPosition side)
         return;
 
     m_side = side;
+    cutToShape();
     update();
 }
 
@@ -101,11 +103,35 @@ QPainterPath Popover::shapeFor(QSize size, DialogPosition side)
     return shape.united(triangle);
 }
 
+/// Screens without a compositor show black where a window has no pixels of its own.
+void Popover::cutToShape()
+{
+    if (size().isEmpty())
+        return;
+    QPixmap shape(size());
+    shape.fill(Qt::transparent);
+    QPainter painter(&shape);
+    paintShape(&painter);
+    painter.end();
+    setMask(shape.createMaskFromColor(Qt::transparent));
+}
+
+void Popover::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    cutToShape();
+}
+
 void Popover::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Mid), 1));
-    painter.setBrush(palette().color(QPalette::Window));
-    painter.drawPath(shapeFor(size(), m_side));
+    paintShape(&painter);
+}
+
+void Popover::paintShape(QPainter *painter) const
+{
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(palette().color(QPalette::Mid), 1));
+    painter->setBrush(palette().color(QPalette::Window));
+    painter->drawPath(shapeFor(size(), m_side));
 }

@@ -38,7 +38,11 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void cutToShape();
+    void paintShape(QPainter *painter) const;
+
     DialogPosition m_side = DialogPosition::Default;
 };

@@ -19,6 +19,8 @@ private slots:
     void theOtherSidesHaveNoPointer_data();
     void theOtherSidesHaveNoPointer();
     void theCornersAreRound();
+    void nothingOfTheWindowLiesBesideItsShape_data();
+    void nothingOfTheWindowLiesBesideItsShape();
     void thePointerIsAsWideAsToldAlongItsSide();
     void anotherSideIsRepainted();
     void followsThePalette();
@@ -139,6 +141,35 @@ void tst_Popover::theCornersAreRound()
         blended += pixel != Outside && pixel != Pen && pixel != Fill;
     }
     QVERIFY(blended > 0);
+}
+
+void tst_Popover::nothingOfTheWindowLiesBesideItsShape_data()
+{
+    QTest::addColumn<DialogPosition>("side");
+    QTest::newRow("points right") << DialogPosition::TopCentre;
+    QTest::newRow("points left") << DialogPosition::LeftOf;
+    QTest::newRow("no pointer") << DialogPosition::Above;
+}
+
+void tst_Popover::nothingOfTheWindowLiesBesideItsShape()
+{
+    QFETCH(DialogPosition, side);
+    for (const QSize size : {QSize(Width, Height), QSize(Height, Width)}) {
+        m_popover.resize(size);
+        m_popover.setSide(side);
+        QImage painted(size, QImage::Format_ARGB32_Premultiplied);
+        painted.fill(Qt::transparent);
+        m_popover.render(&painted, QPoint(), QRegion(), QWidget::IgnoreMask);
+
+        const QRegion mask = m_popover.mask();
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x) {
+                const bool isPainted = qAlpha(painted.pixel(x, y)) > 0;
+                const QByteArray place = QByteArray::number(x) + ',' + QByteArray::number(y);
+                QVERIFY2(mask.contains(QPoint(x, y)) == isPainted, place.data());
+            }
+        }
+    }
 }
 
 void tst_Popover::thePointerIsAsWideAsToldAlongItsSide()
