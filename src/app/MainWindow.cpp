@@ -9,7 +9,6 @@
 #include "model/SpriteBank.h"
 #include "model/TileSet.h"
 #include "uikit/PlainText.h"
-#include "uikit/ReadableColours.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -120,7 +119,6 @@ void MainWindow::setUpFrame()
     setWindowIcon(QIcon(QStringLiteral(":Application")));
     setCentralWidget(&m_tabs);
     new PaneKeys(this);
-    new ReadableColours(this);
 }
 
 void MainWindow::makeFileToolBar()

@@ -18,6 +18,7 @@
 #include "mapeditor/ToolBar.h"
 #include "menus/MenuBar.h"
 #include "tree/ProjectWindow.h"
+#include "uikit/ReadableColours.h"
 #include "update/UpdateController.h"
 #include "update/UpdateDialog.h"
 
@@ -85,6 +86,7 @@ private:
     void upToDate(UpdateController::Origin origin);
     void updateCheckFailed(const QString &error, UpdateController::Origin origin);
 
+    ReadableColours m_colours; // before the widgets, which would have to change
     ProjectWindow m_projectWindow;
     PaletteWindow m_paletteWindow;
     TileWindow m_tileWindow;

@@ -1,5 +1,7 @@
 #include "uikit/ReadableColours.h"
 
+#include "uikit/ReadableStyle.h"
+
 #include <QApplication>
 #include <QEvent>
 
@@ -33,30 +35,13 @@ QColor drawn(const QColor &colour, const QColor &ground)
     return mixed(ground, colour, colour.alphaF());
 }
 
-/// The first colour on the way from @p colour to @p strong that stands out enough from all of
-/// @p grounds.
-QColor strengthened(const QColor &colour, const QColor &strong, const QList<QColor> &grounds,
-                    double wanted)
-{
-    const QColor start = drawn(colour, grounds.first());
-    for (int step = 0; step < Steps; ++step) {
-        const QColor tried = mixed(start, strong, double(step) / Steps);
-        const bool isEnough =
-            std::all_of(grounds.begin(), grounds.end(), [&](const QColor &ground) {
-                return ReadableColours::contrast(tried, ground) >= wanted;
-            });
-        if (isEnough)
-            return step == 0 ? colour : tried;
-    }
-    return strong;
-}
-
 void strengthenOff(QPalette *colours, QPalette::ColorRole text, QPalette::ColorRole ground)
 {
     const QColor off = colours->color(QPalette::Disabled, text);
     const QColor on = colours->color(QPalette::Active, text);
     const QList<QColor> grounds{colours->color(QPalette::Disabled, ground)};
-    const QColor better = strengthened(off, on, grounds, ReadableColours::OffContrast);
+    const QColor better =
+        ReadableColours::strengthened(off, on, grounds, ReadableColours::OffContrast);
     if (better != off)
         colours->setColor(QPalette::Disabled, text, better);
 }
@@ -66,7 +51,8 @@ void strengthenMarks(QPalette *colours, QPalette::ColorGroup group)
     const QColor mark = colours->color(group, QPalette::Highlight);
     const QColor text = colours->color(group, QPalette::HighlightedText);
     const QColor away = luminance(text) > luminance(mark) ? Qt::black : Qt::white;
-    const QColor better = strengthened(mark, away, {text}, ReadableColours::TextContrast);
+    const QColor better =
+        ReadableColours::strengthened(mark, away, {text}, ReadableColours::TextContrast);
     if (better != mark)
         colours->setColor(group, QPalette::Highlight, better);
 }
@@ -76,6 +62,7 @@ void strengthenMarks(QPalette *colours, QPalette::ColorGroup group)
 ReadableColours::ReadableColours(QObject *parent)
     : QObject(parent)
 {
+    ReadableStyle::install();
     qApp->installEventFilter(this);
     apply();
 }
@@ -84,6 +71,21 @@ double ReadableColours::contrast(const QColor &one, const QColor &other)
 {
     const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
     return (light + 0.05) / (dark + 0.05);
+}
+
+QColor ReadableColours::strengthened(const QColor &colour, const QColor &strong,
+                                     const QList<QColor> &grounds, double wanted)
+{
+    const QColor start = drawn(colour, grounds.first());
+    for (int step = 0; step < Steps; ++step) {
+        const QColor tried = mixed(start, strong, double(step) / Steps);
+        const bool isEnough =
+            std::all_of(grounds.begin(), grounds.end(),
+                        [&](const QColor &ground) { return contrast(tried, ground) >= wanted; });
+        if (isEnough)
+            return step == 0 ? colour : tried;
+    }
+    return strong;
 }
 
 QPalette ReadableColours::readable(QPalette colours)

@@ -129,6 +129,34 @@ QImage inside(const QWidget *widget, const QImage &window)
     return window.copy(QRectF(area.topLeft() * ratio, area.size() * ratio).toRect());
 }
 
+/// The place of the mark of a check box or radio button, in its pixels.
+QRect indicatorOf(const QAbstractButton *button)
+{
+    const bool isRadio = qobject_cast<const QRadioButton *>(button);
+    if (!isRadio && !qobject_cast<const QCheckBox *>(button))
+        return {};
+    QStyleOptionButton option;
+    option.initFrom(button);
+    return button->style()->subElementRect(
+        isRadio ? QStyle::SE_RadioButtonIndicator : QStyle::SE_CheckBoxIndicator, &option, button);
+}
+
+/// The contrast of the line at the left of @p mark to what lies on both its sides.
+double lineContrast(const QImage &window, const QRect &mark)
+{
+    const double ratio = window.devicePixelRatio();
+    const int y = qRound((mark.top() + mark.height() / 2.0) * ratio);
+    const int left = qFloor((mark.left() - 1) * ratio);
+    const int middle = qRound((mark.left() + mark.width() / 2.0) * ratio);
+    double best = 1;
+    for (int x = std::max(left, 0); x < middle; ++x) {
+        const QRgb line = window.pixel(x, y);
+        best = std::max(best, std::min(contrast(line, window.pixel(std::max(left, 0), y)),
+                                       contrast(line, window.pixel(middle, y))));
+    }
+    return best;
+}
+
 double neededContrast(const QWidget *widget)
 {
     if (const auto *label = qobject_cast<const QLabel *>(widget))
@@ -289,6 +317,8 @@ private slots:
     void allStandsOut();
     void markedItemsStandOut_data() { allStandsOut_data(); }
     void markedItemsStandOut();
+    void outlinesStandOut_data() { allStandsOut_data(); }
+    void outlinesStandOut();
     void nothingIsCutOff_data();
     void nothingIsCutOff();
     void dialogsFitASmallScreen();
@@ -392,6 +422,32 @@ void tst_Looks::markedItemsStandOut()
     });
 
     QVERIFY(count > 10);
+    QVERIFY2(faint.isEmpty(), qPrintable(faint.join(QLatin1Char('\n'))));
+}
+
+void tst_Looks::outlinesStandOut()
+{
+    QFETCH(QPalette, colours);
+    QApplication::setPalette(colours);
+    QCoreApplication::processEvents();
+    QStringList faint;
+    int count = 0;
+    m_surfaces->visitDialogs([&](const QString &name, QWidget *dialog) {
+        const QImage window = dialog->grab().toImage();
+        for (QWidget *widget : Surfaces::shownIn(dialog)) {
+            const auto *const box = qobject_cast<const QAbstractButton *>(widget);
+            const QRect mark = box && !box->isChecked() ? indicatorOf(box) : QRect();
+            if (mark.isEmpty() || !box->isEnabled())
+                continue;
+            ++count;
+            const double found =
+                lineContrast(window, mark.translated(box->mapTo(dialog, QPoint())));
+            if (found < IconContrast)
+                faint += QStringLiteral("%1: %2 %3").arg(name, describe(box)).arg(found);
+        }
+    });
+
+    QVERIFY(count > 3);
     QVERIFY2(faint.isEmpty(), qPrintable(faint.join(QLatin1Char('\n'))));
 }
 
