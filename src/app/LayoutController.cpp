@@ -11,6 +11,8 @@ LayoutController::LayoutController(QMainWindow *window, const Docks &docks, View
     : QObject(parent)
     , m_window(window)
     , m_docks(docks)
+    , m_room(window, {docks.project, docks.palette, docks.tile, docks.sprite, docks.tilePicker,
+                      docks.blockSelector, docks.mapSprites})
 {
     for (DockWidget *const dock : {docks.project, docks.palette, docks.tile, docks.sprite,
                                    docks.tilePicker, docks.blockSelector, docks.mapSprites})
@@ -50,7 +52,7 @@ void LayoutController::shareRoom()
 {
     constexpr int PickerHeight = 120; // pixels: two rows of tiles
     const auto width = [](const DockWidget *dock) { return dock->sizeHint().width(); };
-    m_window->resizeDocks({m_docks.project, m_docks.tile},
-                          {width(m_docks.project), width(m_docks.tile)}, Qt::Horizontal);
-    m_window->resizeDocks({m_docks.tilePicker}, {PickerHeight}, Qt::Vertical);
+    m_room.give({m_docks.project, m_docks.tile}, {width(m_docks.project), width(m_docks.tile)},
+                Qt::Horizontal);
+    m_room.give({m_docks.tilePicker}, {PickerHeight}, Qt::Vertical);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/DockRoom.h"
+
 #include <QObject>
 
 class DockWidget;
@@ -34,8 +36,11 @@ public slots:
     /// Gives the docks the room that their content needs and the documents all the rest. Without
     /// it docks grow with the names in their titles. Counts only once the window is shown.
     void shareRoom();
+    /// After a smaller window the docks come back to the room that they have now.
+    void keepRoom() { m_room.keep(); }
 
 private:
     QMainWindow *m_window;
     Docks m_docks;
+    DockRoom m_room;
 };

@@ -258,8 +258,10 @@ void MainWindow::readState()
     const bool isStateRead = m_state.load();
     m_preferences.restore(m_state.loadPreferences());
     if (isStateRead) {
-        if (!m_state.windowState.isEmpty())
+        if (!m_state.windowState.isEmpty()) {
             restoreState(m_state.windowState);
+            m_layoutController.keepRoom();
+        }
         if (!m_state.windowGeometry.isEmpty())
             restoreGeometry(m_state.windowGeometry);
         bringToScreen();

@@ -28,6 +28,8 @@ private slots:
     void damagedStateDoesNoHarm();
     void docksKeepTheirSizesWhenAProjectOpens();
     void resetLayoutBringsTheSizesBack();
+    void docksComeBackAfterASmallWindow();
+    void docksAsNarrowAsTheUserLeftThemStaySo();
     void anUnknownIntervalBecomesWeekly();
     void preferencesReachThePagesAndTheFile();
     void theFolderOfTheOpenDialogIsWrittenAbsolute();
@@ -181,6 +183,42 @@ void tst_MainWindowState::resetLayoutBringsTheSizesBack()
     QCoreApplication::processEvents();
 
     QCOMPARE(dock->width(), width);
+}
+
+void tst_MainWindowState::docksComeBackAfterASmallWindow()
+{
+    m_window = std::make_unique<MainWindow>();
+    m_window->resize(1400, 900);
+    QCoreApplication::processEvents();
+    DockWidget *const list = m_window->views().projectWindow;
+    DockWidget *const picker = m_window->views().tilePicker;
+    const QSize before(list->width(), picker->height());
+
+    m_window->resize(m_window->minimumSizeHint());
+    QCoreApplication::processEvents();
+    QVERIFY(list->width() < before.width());
+    m_window->resize(1400, 900);
+    QCoreApplication::processEvents();
+
+    QCOMPARE(QSize(list->width(), picker->height()), before);
+}
+
+void tst_MainWindowState::docksAsNarrowAsTheUserLeftThemStaySo()
+{
+    constexpr int Narrow = 130; // pixels
+    m_window = std::make_unique<MainWindow>();
+    m_window->resizeDocks({m_window->views().projectWindow}, {Narrow}, Qt::Horizontal);
+    QCoreApplication::processEvents();
+    QCOMPARE(m_window->views().projectWindow->width(), Narrow);
+    QVERIFY(m_window->close());
+
+    m_window = std::make_unique<MainWindow>();
+    QCoreApplication::processEvents();
+    QCOMPARE(m_window->views().projectWindow->width(), Narrow);
+    m_window->resize(1600, 900);
+    QCoreApplication::processEvents();
+
+    QCOMPARE(m_window->views().projectWindow->width(), Narrow);
 }
 
 void tst_MainWindowState::anUnknownIntervalBecomesWeekly()
