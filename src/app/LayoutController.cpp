@@ -5,6 +5,23 @@
 
 #include <QAction>
 #include <QMainWindow>
+#include <QTabBar>
+
+#include <algorithm>
+
+namespace {
+
+/// Of the tabs of docks that share a place, none cut short.
+int widthOfTabs(const QStringList &titles)
+{
+    QTabBar bar;
+    bar.setShape(QTabBar::RoundedSouth);
+    for (const QString &title : titles)
+        bar.addTab(title);
+    return bar.sizeHint().width();
+}
+
+} // namespace
 
 LayoutController::LayoutController(QMainWindow *window, const Docks &docks, ViewMenu *viewMenu,
                                    QObject *parent)
@@ -13,6 +30,7 @@ LayoutController::LayoutController(QMainWindow *window, const Docks &docks, View
     , m_docks(docks)
     , m_room(window, {docks.project, docks.palette, docks.tile, docks.sprite, docks.tilePicker,
                       docks.blockSelector, docks.mapSprites})
+    , m_leftTabs{docks.blockSelector->windowTitle(), docks.mapSprites->windowTitle()}
 {
     for (DockWidget *const dock : {docks.project, docks.palette, docks.tile, docks.sprite,
                                    docks.tilePicker, docks.blockSelector, docks.mapSprites})
@@ -52,7 +70,7 @@ void LayoutController::shareRoom()
 {
     constexpr int PickerHeight = 120; // pixels: two rows of tiles
     const auto width = [](const DockWidget *dock) { return dock->sizeHint().width(); };
-    m_room.give({m_docks.project, m_docks.tile}, {width(m_docks.project), width(m_docks.tile)},
-                Qt::Horizontal);
+    const int left = std::max(width(m_docks.project), widthOfTabs(m_leftTabs));
+    m_room.give({m_docks.project, m_docks.tile}, {left, width(m_docks.tile)}, Qt::Horizontal);
     m_room.give({m_docks.tilePicker}, {PickerHeight}, Qt::Vertical);
 }

@@ -33,8 +33,8 @@ public slots:
     /// Every dock in its place of the beginning, shown. The tile picker is not taken out before.
     void resetLayout();
 
-    /// Gives the docks the room that their content needs and the documents all the rest. Without
-    /// it docks grow with the names in their titles. Counts only once the window is shown.
+    /// Gives the docks the room that their content and tabs need and the documents all the rest.
+    /// Without it docks grow with the names in their titles. Counts only once the window is shown.
     void shareRoom();
     /// After a smaller window the docks come back to the room that they have now.
     void keepRoom() { m_room.keep(); }
@@ -43,4 +43,5 @@ private:
     QMainWindow *m_window;
     Docks m_docks;
     DockRoom m_room;
+    QStringList m_leftTabs; // their titles without the names of documents
 };

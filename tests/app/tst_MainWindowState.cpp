@@ -12,6 +12,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTest>
 
 /// What the window takes from its two files at the first show, and leaves in them as it closes.
@@ -26,6 +27,7 @@ private slots:
     void aZoomBeyondItsRangeIsWrittenClamped_data();
     void aZoomBeyondItsRangeIsWrittenClamped();
     void damagedStateDoesNoHarm();
+    void noTabOfADockIsCutShortAtFirst();
     void docksKeepTheirSizesWhenAProjectOpens();
     void resetLayoutBringsTheSizesBack();
     void docksComeBackAfterASmallWindow();
@@ -144,6 +146,22 @@ void tst_MainWindowState::damagedStateDoesNoHarm()
     QVERIFY(!m_window->views().projectWindow->isHidden());
 }
 
+void tst_MainWindowState::noTabOfADockIsCutShortAtFirst()
+{
+    m_window = std::make_unique<MainWindow>();
+    QCoreApplication::processEvents();
+
+    int count = 0;
+    const auto bars = m_window->findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly);
+    for (const QTabBar *const bar : bars) {
+        if (!bar->isVisible())
+            continue;
+        count += bar->count();
+        QVERIFY2(bar->width() >= bar->sizeHint().width(), qPrintable(bar->tabText(0)));
+    }
+    QCOMPARE(count, 5);
+}
+
 void tst_MainWindowState::docksKeepTheirSizesWhenAProjectOpens()
 {
     m_window = std::make_unique<MainWindow>();
@@ -163,7 +181,7 @@ void tst_MainWindowState::docksKeepTheirSizesWhenAProjectOpens()
     QCOMPARE(views.projectWindow->width(), listWidth);
     QCOMPARE(views.tilePicker->height(), pickerHeight);
     QCOMPARE(views.tabs->width(), tabWidth);
-    QVERIFY(tabWidth > 450);
+    QVERIFY(tabWidth > 430);
     views.tileWindow->raise();
     QCoreApplication::processEvents();
     QVERIFY(!views.tileWindow->scrollArea()->horizontalScrollBar()->isVisible());
