@@ -5,6 +5,7 @@
 #include "model/Palette.h"
 #include "model/PictureEquality.h"
 #include "model/SpriteAnim.h"
+#include "model/SpriteReferences.h"
 
 #include <cstring>
 
@@ -151,6 +152,8 @@ void SpriteBank::moveSprite(int from, int to)
         setImage(i, sprite(i + step));
         emit spriteSwapped(i, i + step);
     }
+    // Before the last picture, with which views draw their animations anew.
+    renumberCells([from, to](int sprite) { return SpriteReferences::moved(sprite, from, to); });
     setImage(to, moved);
     emit spriteSwapped(to, from);
     emit spriteMoved(from, to);
@@ -219,7 +222,10 @@ void SpriteBank::deleteSprite(int index)
         return;
 
     const QImage strip = stripWithout(index);
-    renumberCells(index);
+    renumberCells([index](int sprite) {
+        // An animation needs a sprite in every cell.
+        return sprite == index ? 0 : sprite - (sprite > index ? 1 : 0);
+    });
     m_image = strip;
     emit spriteDeleted(index);
     emit countChanged();
@@ -266,7 +272,7 @@ QImage SpriteBank::stripWithout(int index) const
     return strip;
 }
 
-void SpriteBank::renumberCells(int deletedIndex)
+void SpriteBank::renumberCells(const std::function<int(int sprite)> &renumbered)
 {
     for (const auto &animation : std::as_const(m_animations)) {
         if (!animation)
@@ -274,12 +280,8 @@ void SpriteBank::renumberCells(int deletedIndex)
         for (const auto &frame : animation->frames()) {
             AnimationFrame::Cells cells = frame->cells();
             for (auto &row : cells) {
-                for (AnimationFrame::Cell &cell : row) {
-                    if (cell.index == deletedIndex)
-                        cell.index = 0;
-                    else if (cell.index > deletedIndex)
-                        --cell.index;
-                }
+                for (AnimationFrame::Cell &cell : row)
+                    cell.index = renumbered(cell.index);
             }
             frame->setCells(cells);
         }

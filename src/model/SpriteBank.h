@@ -10,6 +10,8 @@
 #include <QPointer>
 #include <QUuid>
 
+#include <functional>
+
 class Palette;
 class SpriteAnim;
 
@@ -85,8 +87,9 @@ public:
     /// is logged.
     void importImage(const QString &filename);
 
-    /// Moves a sprite by adjacent swaps. Sends spriteSwapped() for each, imageChanged() with every
-    /// write, and spriteMoved() last. Nothing if equal or out of range.
+    /// Moves a sprite by adjacent swaps; the cells of all animations follow, and keep their look.
+    /// Sends spriteSwapped() for each, imageChanged() with every write, and spriteMoved() last.
+    /// Nothing if equal or out of range.
     void moveSprite(int from, int to);
     /// Sets the pixels of one sprite to 0 and sends imageChanged().
     void clearSprite(int index);
@@ -127,8 +130,8 @@ private:
     bool isStripValid() const;
     /// The strip without one sprite.
     QImage stripWithout(int index) const;
-    /// Tells every cell of every animation that a sprite has gone.
-    void renumberCells(int deletedIndex);
+    /// Gives every cell of every animation the index that @p renumbered tells. Sends nothing.
+    void renumberCells(const std::function<int(int sprite)> &renumbered);
 
     int m_transparency = DefaultTransparency;
     QUuid m_id;

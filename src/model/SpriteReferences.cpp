@@ -8,7 +8,9 @@ bool isSpriteOf(const Map::PlacedSprite &placed, const QUuid &bank)
     return placed.bank == bank && placed.animation.isNull() && placed.sprite >= 0;
 }
 
-int moved(int sprite, int from, int to)
+} // namespace
+
+int SpriteReferences::moved(int sprite, int from, int to)
 {
     if (sprite == from)
         return to;
@@ -18,8 +20,6 @@ int moved(int sprite, int from, int to)
         return sprite + 1;
     return sprite;
 }
-
-} // namespace
 
 void SpriteReferences::followMove(QList<Map::PlacedSprite> *sprites, const QUuid &bank, int from,
                                   int to)

@@ -10,6 +10,8 @@
 /// index.
 namespace SpriteReferences {
 
+/// What becomes of the index @p sprite when sprite @p from of its bank moves to @p to.
+int moved(int sprite, int from, int to);
 /// Sprite @p from of the bank has moved to @p to; those between have closed up.
 void followMove(QList<Map::PlacedSprite> *sprites, const QUuid &bank, int from, int to);
 /// A sprite of the bank has gone: its placements go, too, and those behind it count one less.

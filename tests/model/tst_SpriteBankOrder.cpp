@@ -31,6 +31,9 @@ private slots:
     void deletingOutOfRangeDoesNothing();
     void movingUpSwapsNeighbours();
     void movingDownSwapsNeighbours();
+    void movingKeepsTheLookOfAllFrames_data();
+    void movingKeepsTheLookOfAllFrames();
+    void listenersOfAMoveFindAllRenumbered();
     void movingNothingSendsNothing_data();
     void movingNothingSendsNothing();
     void clearingASprite();
@@ -200,6 +203,61 @@ void tst_SpriteBankOrder::movingDownSwapsNeighbours()
     QCOMPARE(TestSprites::plainValues(bank), QList<int>({1, 4, 2, 3}));
     QCOMPARE(log.sent, QStringList({"image 3", "swapped 3 2", "image 2", "swapped 2 1", "image 1",
                                     "swapped 1 3", "moved 3 1"}));
+}
+
+void tst_SpriteBankOrder::movingKeepsTheLookOfAllFrames_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::addColumn<QList<int>>("cells"); // which were 0 to 4
+    QTest::newRow("up") << 1 << 3 << QList<int>{0, 3, 1, 2, 4};
+    QTest::newRow("down") << 4 << 0 << QList<int>{1, 2, 3, 4, 0};
+}
+
+void tst_SpriteBankOrder::movingKeepsTheLookOfAllFrames()
+{
+    QFETCH(int, from);
+    QFETCH(int, to);
+    SpriteBank bank(Sprite::EightBit);
+    TestSprites::fill(bank, 5);
+    const QPointer<SpriteAnim> first = bank.createAnimation();
+    const QPointer<SpriteAnim> second = bank.createAnimation();
+    first->setSize({5, 1});
+    first->addFrame();
+    for (int x = 0; x < 5; ++x)
+        first->frame(1)->setCell({x, 0}, {x, 4, true, false, true});
+    second->frame(0)->setCell({0, 0}, {from, 0, false, false, false});
+    QSignalSpy frameChanged(first, &Animation::frameChanged);
+
+    bank.moveSprite(from, to);
+
+    QList<int> cells;
+    for (int x = 0; x < 5; ++x) {
+        const AnimationFrame::Cell cell = first->frame(1)->cell({x, 0});
+        QCOMPARE(cell, (AnimationFrame::Cell{cell.index, 4, true, false, true}));
+        cells << cell.index;
+    }
+    QTEST(cells, "cells");
+    QCOMPARE(second->frame(0)->cell({0, 0}).index, to);
+    QCOMPARE(frameChanged.count(), 0);
+}
+
+void tst_SpriteBankOrder::listenersOfAMoveFindAllRenumbered()
+{
+    SpriteBank bank(Sprite::EightBit);
+    TestSprites::fill(bank, 3);
+    const QPointer<SpriteAnim> animation = bank.createAnimation();
+    animation->frame(0)->setCell({0, 0}, {2, 0, false, false, false});
+    const auto cell = [&] { return animation->frame(0)->cell({}).index; };
+    QList<int> atPictures;
+    connect(&bank, &SpriteBank::imageChanged, this, [&] { atPictures << cell(); });
+    QList<int> atMoves;
+    connect(&bank, &SpriteBank::spriteMoved, this, [&] { atMoves << cell(); });
+
+    bank.moveSprite(2, 0);
+
+    QCOMPARE(atPictures.last(), 0);
+    QCOMPARE(atMoves, QList<int>{0});
 }
 
 void tst_SpriteBankOrder::movingNothingSendsNothing_data()
