@@ -78,6 +78,8 @@ public:
     void updateGeometryMetrics();
     /// Tidies up after an undo.
     void mapRestored();
+    /// Placed sprites have gone with a sprite of their bank: what was selected may be another now.
+    void placedSpritesRenumbered();
 
     void copySelection();
     void cutSelection();

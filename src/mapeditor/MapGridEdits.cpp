@@ -63,6 +63,13 @@ void MapGrid::mapRestored()
     update();
 }
 
+void MapGrid::placedSpritesRenumbered()
+{
+    m_hoverSprite = -1;
+    selectSprite(-1);
+    update();
+}
+
 void MapGrid::copySelection()
 {
     if (!m_map || !m_selection.isValid())

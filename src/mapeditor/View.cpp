@@ -103,6 +103,11 @@ void View::setSpriteBanks(const QList<QPointer<SpriteBank>> &banks)
             continue;
         connect(bank, &SpriteBank::imageChanged, this, &View::spritesChanged, Qt::UniqueConnection);
         connect(bank, &SpriteBank::restored, this, &View::spritesChanged, Qt::UniqueConnection);
+        // A deletion changes no picture. The placed sprites are up to date when this is sent.
+        connect(bank, &SpriteBank::structureChanged, this, &View::spritesChanged,
+                Qt::UniqueConnection);
+        connect(bank, &SpriteBank::spriteDeleted, m_grid, &MapGrid::placedSpritesRenumbered,
+                Qt::UniqueConnection);
         followPalette(*bank);
     }
 }

@@ -1,6 +1,7 @@
 #include "ShownView.h"
 #include "mapeditor/SpriteProperties.h"
 #include "mapeditor/SpritePropertiesPopover.h"
+#include "support/PaintCounter.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -30,6 +31,8 @@ private slots:
     void anEditAfterADragKeepsThePlace();
     void itFollowsAnUndo();
     void undoingThePlacingClosesIt();
+    void deletingASpriteOfTheBankSelectsNoneAndRepaints();
+    void clearingTheLastSpriteOfTheBankRepaints();
     void hidingTheViewClosesIt();
     void aStillSpritesStartFrameChangesNoPixel();
 
@@ -176,6 +179,34 @@ void tst_MapPopover::undoingThePlacingClosesIt()
 
     QCOMPARE(m_shown->map->sprites().size(), 2);
     QVERIFY(!popover().isVisible());
+}
+
+void tst_MapPopover::deletingASpriteOfTheBankSelectsNoneAndRepaints()
+{
+    m_shown->click(m_shown->at(5, 2));
+    QVERIFY(popover().isVisible());
+    QSignalSpy selected(&grid(), &MapGrid::selectedSpriteChanged);
+    QCoreApplication::processEvents();
+    const PaintCounter paints(grid());
+
+    m_shown->bank.deleteSprite(0);
+    emit m_shown->bank.structureChanged("Delete Sprite");
+
+    QCOMPARE(selected, QList<QVariantList>({{-1}}));
+    QVERIFY(!popover().isVisible());
+    QTRY_VERIFY(paints.region().contains(m_shown->at(5, 2)));
+}
+
+void tst_MapPopover::clearingTheLastSpriteOfTheBankRepaints()
+{
+    m_shown->bank.deleteSprite(0);
+    QCoreApplication::processEvents();
+    const PaintCounter paints(grid());
+
+    m_shown->bank.deleteSprite(0);
+    emit m_shown->bank.structureChanged("Delete Sprite");
+
+    QTRY_VERIFY(paints.count() > 0);
 }
 
 void tst_MapPopover::hidingTheViewClosesIt()
