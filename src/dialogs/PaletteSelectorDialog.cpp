@@ -11,9 +11,10 @@ PaletteSelectorDialog::PaletteSelectorDialog(QWidget *parent)
     addRow(tr("Palette"), m_palettes);
 }
 
-void PaletteSelectorDialog::show(QList<QPointer<Palette>> palettes)
+void PaletteSelectorDialog::show(QList<QPointer<Palette>> palettes, QUuid current)
 {
     m_palettes->setDocuments(palettes);
+    m_palettes->setCurrentId(current);
     DialogBase::show();
 }
 

@@ -18,8 +18,8 @@ public:
     explicit PaletteSelectorDialog(QWidget *parent = nullptr);
 
 public slots:
-    /// Opens with a choice of @p palettes.
-    void show(QList<QPointer<Palette>> palettes);
+    /// Opens with a choice of @p palettes, at first the one of id @p current, if it is there.
+    void show(QList<QPointer<Palette>> palettes, QUuid current = {});
     void accept() override;
 
 signals:

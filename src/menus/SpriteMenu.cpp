@@ -76,7 +76,8 @@ void SpriteMenu::displaySwapPaletteDialog()
         m_paletteDialog = new PaletteSelectorDialog(MenuDialogs::parentFor(this));
         connect(m_paletteDialog, &PaletteSelectorDialog::accepted, this, &SpriteMenu::swapPalette);
     }
-    m_paletteDialog->show(m_project->palettes());
+    const QPointer<Palette> used = m_bank ? m_bank->palette() : nullptr;
+    m_paletteDialog->show(m_project->palettes(), used ? used->id() : QUuid());
 }
 
 void SpriteMenu::displayExportFileDialog()

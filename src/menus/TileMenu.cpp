@@ -110,7 +110,9 @@ void TileMenu::displayPaletteDialog()
         m_paletteDialog = new PaletteSelectorDialog(MenuDialogs::parentFor(this));
         connect(m_paletteDialog, &PaletteSelectorDialog::accepted, this, &TileMenu::swapPalette);
     }
-    m_paletteDialog->show(m_project->palettes());
+    const QPointer<TileSet> tiles = tileSet();
+    const QPointer<Palette> used = tiles ? tiles->palette() : nullptr;
+    m_paletteDialog->show(m_project->palettes(), used ? used->id() : QUuid());
 }
 
 void TileMenu::displayImportFontDialog()

@@ -24,6 +24,7 @@ private slots:
 
     void newSendsWhatWasAsked();
     void swapPaletteSendsTheChosenPalette();
+    void swapPaletteBeginsWithThePaletteInUse();
     void theImportDialogAsksForOneFile();
     void aRawFileMakesABankThatBecomesActive();
     void aRawFileCanBeAppended();
@@ -106,6 +107,25 @@ void tst_SpriteMenu::swapPaletteSendsTheChosenPalette()
     QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
 
     QCOMPARE(swapped, QList<QVariantList>({{project()->palettes().first()->id()}}));
+}
+
+void tst_SpriteMenu::swapPaletteBeginsWithThePaletteInUse()
+{
+    const QPointer<SpriteBank> bank = activate();
+    project()->createPalette(CreateBlank, "A first one");
+    QSignalSpy swapped(menu(), &SpriteMenu::swapPalette);
+
+    item("Swap Palette")->trigger();
+    QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
+    const QPointer<Palette> zebra = project()->createPalette(CreateBlank, "Zebra");
+    bank->setPalette(zebra);
+    item("Swap Palette")->trigger();
+    QCOMPARE(QApplication::activeModalWidget()->findChild<QComboBox *>()->currentText(),
+             QString("Zebra"));
+    QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+
+    QCOMPARE(swapped.count(), 1);
+    QCOMPARE(project()->palette(swapped.at(0).at(0).toUuid())->name(), QString("Sky"));
 }
 
 void tst_SpriteMenu::theImportDialogAsksForOneFile()

@@ -26,6 +26,7 @@ private slots:
     void newTileSetSendsWhatWasAsked();
     void aCancelledNewTileSetSendsNothing();
     void swapPaletteSendsTheChosenPalette();
+    void swapPaletteBeginsWithThePaletteInUse();
     void tilesAreSteppedThrough();
     void createAnimationsShowsTheTileSets();
     void spectrumCharsSendsWhatWasAsked();
@@ -85,6 +86,25 @@ void tst_TileMenu::aCancelledNewTileSetSendsNothing()
     QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
 
     QCOMPARE(created.count(), 0);
+}
+
+void tst_TileMenu::swapPaletteBeginsWithThePaletteInUse()
+{
+    const QPointer<TileSet> tiles = activate(1);
+    project()->createPalette(CreateBlank, "A first one");
+    const QPointer<Palette> zebra = project()->createPalette(CreateBlank, "Zebra");
+    const auto offered = [this] {
+        item("Swap Palette")->trigger();
+        QWidget *dialog = QApplication::activeModalWidget();
+        const QString text = dialog->findChild<QComboBox *>()->currentText();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        return text;
+    };
+
+    tiles->setPalette(zebra);
+    QCOMPARE(offered(), QString("Zebra"));
+    tiles->setPalette(project()->createPalette(CreateBlank, "Middle"));
+    QCOMPARE(offered(), QString("Middle"));
 }
 
 void tst_TileMenu::swapPaletteSendsTheChosenPalette()
