@@ -3,6 +3,7 @@
 #include "colour/ColourEditor.h"
 
 #include <QHideEvent>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace {
@@ -48,6 +49,14 @@ void ColourEditorPopover::confirmColourChanged(QColor colour, bool priority)
 void ColourEditorPopover::cancelled()
 {
     close();
+}
+
+void ColourEditorPopover::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        close();
+    else
+        Popover::keyPressEvent(event);
 }
 
 void ColourEditorPopover::hideEvent(QHideEvent *event)

@@ -30,6 +30,8 @@ public slots:
     void cancelled();
 
 protected:
+    /// Return closes it, also where there is nothing to apply.
+    void keyPressEvent(QKeyEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 

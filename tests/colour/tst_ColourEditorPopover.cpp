@@ -22,6 +22,7 @@ private slots:
     void confirmingRepeatsTheColourAndCloses();
     void cancellingOnlyCloses();
     void escapeCloses();
+    void returnClosesWithOrWithoutAChange();
     void theFirstSliderHasTheFocus();
 
 private:
@@ -115,6 +116,22 @@ void tst_ColourEditorPopover::escapeCloses()
 
     QCOMPARE(closed.count(), 1);
     QVERIFY(!m_popover->isVisible());
+}
+
+void tst_ColourEditorPopover::returnClosesWithOrWithoutAChange()
+{
+    QSignalSpy changed(m_popover.get(), &ColourEditorPopover::colourChanged);
+    open();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QVERIFY(!m_popover->isVisible());
+    QCOMPARE(changed.count(), 0);
+
+    open();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Enter);
+
+    QVERIFY(!m_popover->isVisible());
+    QCOMPARE(changed.count(), 1);
 }
 
 void tst_ColourEditorPopover::theFirstSliderHasTheFocus()
