@@ -260,7 +260,8 @@ void DocumentController::openProject(Project *project)
 {
     m_recorder = new EditRecorder(
         project, [this](const QUuid &id) { return m_undoStacks.recordingStack(id); }, this);
-    connect(project, &Project::imageCreated, this, &DocumentController::openImage);
+    connect(project, &Project::imageCreated, this,
+            [this](const QPointer<Image> &image) { setActiveImageEditor(image->id()); });
     // A map on display offers at once what has just been made.
     connect(project, &Project::spritesCreated, this, [this] {
         if (m_mapView)

@@ -52,6 +52,7 @@ private slots:
     void aPickedTileShowsInPickerAndWindow();
     void aMapsSelectionIsPassedOn();
     void imageTabsAreNotRestored();
+    void aNewImageBringsItsPaletteToTheEditor();
     void movedTabsChangeTheOrderWritten();
     void theLastRestoredDocumentIsCurrent();
     void timersRestAcrossASave();
@@ -190,6 +191,22 @@ void tst_DocumentController::aMapsSelectionIsPassedOn()
 
     QCOMPARE(spy.count(), 1);
     QCOMPARE(spy.first(), QVariantList({id, QSize(3, 2)}));
+}
+
+void tst_DocumentController::aNewImageBringsItsPaletteToTheEditor()
+{
+    const auto title = m_project->createPalette(CreateDefault, "title");
+    const auto end = m_project->createPalette(CreateDefault, "end");
+    const auto mode = Tessaril::ImageMode::LoRes_128x96;
+
+    m_project->createImage(mode, "title", title->id());
+    QCOMPARE(m_desk->paletteWindow.windowTitle(), QString("Palette: title"));
+    m_project->createImage(mode, "end", end->id());
+
+    QCOMPARE(m_desk->paletteWindow.windowTitle(), QString("Palette: end"));
+    QVERIFY(m_desk->paletteWindow.isContentShown());
+    QCOMPARE(m_desk->menuBar.paletteMenu()->paletteId(), end->id());
+    QCOMPARE(m_desk->tabs.count(), 2);
 }
 
 void tst_DocumentController::imageTabsAreNotRestored()
