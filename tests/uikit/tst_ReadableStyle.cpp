@@ -3,7 +3,11 @@
 #include "uikit/ReadableColours.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QPainter>
+#include <QPushButton>
+#include <QSpinBox>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QTest>
@@ -13,10 +17,16 @@ namespace {
 constexpr int Side = 16;  // pixels, of an indicator
 constexpr int Border = 4; // pixels of the window around it
 
+QPalette lightColours()
+{
+    return QStyleFactory::create("Fusion")->standardPalette();
+}
+
 QPalette darkColours()
 {
     QPalette colours(QColor(53, 53, 53), QColor(42, 42, 42));
     colours.setColor(QPalette::Base, QColor(36, 36, 36));
+    colours.setColor(QPalette::Highlight, QColor(42, 110, 180));
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
         colours.setColor(role, Qt::white);
     return colours;
@@ -84,18 +94,32 @@ class tst_ReadableStyle : public QObject
 private slots:
     void outlinesStandOut_data();
     void outlinesStandOut();
-    void otherPartsAreThoseOfFusion();
+    void fieldsHaveAnEdge_data() { themes(); }
+    void fieldsHaveAnEdge();
+    void theToolInUseIsMarked_data() { themes(); }
+    void theToolInUseIsMarked();
+    void lightFieldsAndOtherPartsAreThoseOfFusion();
     void takesThePlaceOfFusionOnly();
+
+private:
+    static void themes();
 };
+
+void tst_ReadableStyle::themes()
+{
+    QTest::addColumn<QPalette>("colours");
+    QTest::newRow("light") << lightColours();
+    QTest::newRow("dark") << darkColours();
+    QTest::newRow("contrast") << highContrastColours();
+}
 
 void tst_ReadableStyle::outlinesStandOut_data()
 {
     QTest::addColumn<QPalette>("colours");
     QTest::addColumn<QStyle::PrimitiveElement>("element");
     QTest::addColumn<double>("ratio");
-    const QPalette light = QStyleFactory::create("Fusion")->standardPalette();
     const std::pair<const char *, QPalette> themes[] = {
-        {"light", light}, {"dark", darkColours()}, {"contrast", highContrastColours()}};
+        {"light", lightColours()}, {"dark", darkColours()}, {"contrast", highContrastColours()}};
     for (const auto &[theme, colours] : themes) {
         for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
             QTest::addRow("%s box %g", theme, ratio)
@@ -117,20 +141,81 @@ void tst_ReadableStyle::outlinesStandOut()
 
     const double on = outlineContrast(drawn(style, element, colours, QStyle::State_Enabled, ratio));
     const double off = outlineContrast(drawn(style, element, colours, QStyle::State_None, ratio));
+    const double focused = outlineContrast(drawn(
+        style, element, colours,
+        QStyle::State_Enabled | QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange, ratio));
 
     QVERIFY2(on >= ReadableStyle::OutlineContrast, QByteArray::number(on).data());
+    QVERIFY2(focused >= ReadableStyle::OutlineContrast, QByteArray::number(focused).data());
     QVERIFY2(off >= ReadableStyle::OffOutlineContrast, QByteArray::number(off).data());
     QVERIFY(off < on); // what is off still looks so
 }
 
-void tst_ReadableStyle::otherPartsAreThoseOfFusion()
+void tst_ReadableStyle::fieldsHaveAnEdge()
+{
+    QFETCH(QPalette, colours);
+    ReadableStyle style;
+    const auto edge = [&](QWidget &&widget) {
+        widget.setStyle(&style);
+        widget.setPalette(colours);
+        widget.setAttribute(Qt::WA_DontShowOnScreen);
+        QImage image(widget.sizeHint(), QImage::Format_RGB32);
+        widget.resize(image.size());
+        widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+        double best = 1;
+        for (int x = 0; x < Border; ++x) {
+            const QColor line = image.pixelColor(x, image.height() / 2);
+            best = std::max(best, ReadableColours::contrast(
+                                      line, colours.color(QPalette::Active, QPalette::Window)));
+        }
+        return best;
+    };
+    const bool isDark = colours.color(QPalette::Base).lightness() < 128;
+    const double wanted = isDark ? ReadableStyle::OutlineContrast : ReadableStyle::FieldContrast;
+
+    QVERIFY(edge(QLineEdit()) >= wanted);
+    QVERIFY(edge(QSpinBox()) >= wanted);
+    QVERIFY(edge(QComboBox()) >= wanted);
+    QVERIFY(edge(QPushButton()) >= wanted);
+    QPushButton usual;
+    usual.setDefault(true);
+    QVERIFY(edge(std::move(usual)) >= wanted);
+}
+
+void tst_ReadableStyle::theToolInUseIsMarked()
+{
+    QFETCH(QPalette, colours);
+    const ReadableStyle style;
+    const auto shown = [&](QStyle::State state) {
+        QImage image(Side, Side, QImage::Format_RGB32);
+        image.fill(colours.color(QPalette::Window));
+        QStyleOptionToolButton option;
+        option.palette = colours;
+        option.rect = image.rect();
+        option.state = state | QStyle::State_Enabled | QStyle::State_AutoRaise;
+        QPainter painter(&image);
+        style.drawPrimitive(QStyle::PE_PanelButtonTool, &option, &painter);
+        return ReadableColours::contrast(image.pixelColor(0, Side / 2),
+                                         colours.color(QPalette::Window));
+    };
+
+    QVERIFY(shown(QStyle::State_On) >= ReadableStyle::OutlineContrast);
+    QVERIFY(shown(QStyle::State_Off) < ReadableStyle::OffOutlineContrast);
+}
+
+void tst_ReadableStyle::lightFieldsAndOtherPartsAreThoseOfFusion()
 {
     const ReadableStyle style;
     const std::unique_ptr<QStyle> fusion(QStyleFactory::create("Fusion"));
-    for (const auto element : {QStyle::PE_FrameLineEdit, QStyle::PE_PanelButtonCommand}) {
-        const QImage shown = drawn(style, element, darkColours(), QStyle::State_Enabled, 1);
-        QCOMPARE(shown, drawn(*fusion, element, darkColours(), QStyle::State_Enabled, 1));
-    }
+    const auto same = [&](QStyle::PrimitiveElement element, const QPalette &colours) {
+        return drawn(style, element, colours, QStyle::State_Enabled, 1) ==
+               drawn(*fusion, element, colours, QStyle::State_Enabled, 1);
+    };
+
+    QVERIFY(same(QStyle::PE_PanelButtonCommand, lightColours()));
+    QVERIFY(!same(QStyle::PE_PanelButtonCommand, darkColours()));
+    QVERIFY(same(QStyle::PE_IndicatorArrowDown, darkColours()));
+    QVERIFY(same(QStyle::PE_Frame, darkColours()));
     for (const auto metric : {QStyle::PM_IndicatorWidth, QStyle::PM_ExclusiveIndicatorWidth})
         QCOMPARE(style.pixelMetric(metric), fusion->pixelMetric(metric));
 }
