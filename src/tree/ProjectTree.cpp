@@ -1,6 +1,7 @@
 #include "tree/ProjectTree.h"
 
 #include "uikit/PlainText.h"
+#include "uikit/ReadableColours.h"
 
 #include <QKeyEvent>
 #include <QMenu>
@@ -28,7 +29,8 @@ constexpr std::array<Group, 6> Groups = {{
     {QT_TRANSLATE_NOOP("ProjectTree", "Images"), Qt::yellow},
 }};
 
-/// Long names are shown by their beginning, and edited whole.
+/// Long names are shown by their beginning, and edited whole. The colours of the groups are drawn
+/// as strong as it takes to read them: yellow on white is not.
 class NameDelegate : public QStyledItemDelegate
 {
 public:
@@ -37,6 +39,17 @@ public:
     QString displayText(const QVariant &value, const QLocale &) const override
     {
         return PlainText::shown(value.toString());
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        const QColor plain = option->palette.color(QPalette::Text);
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->palette.setColor(QPalette::Text, ReadableColours::strengthened(
+                                                     option->palette.color(QPalette::Text), plain,
+                                                     {option->palette.color(QPalette::Base)},
+                                                     ReadableColours::TextContrast));
     }
 };
 

@@ -1,10 +1,15 @@
 #include "tree/ProjectTree.h"
 
+#include "uikit/ReadableColours.h"
+
+#include <QHash>
 #include <QLineEdit>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+
+#include <algorithm>
 
 using Node = ProjectTree::ProjectNode;
 
@@ -16,6 +21,8 @@ private slots:
     void init();
     void isSetUpForDocuments();
     void rebuildMakesSixHiddenGroupsInOrder();
+    void groupsCanBeReadOnEveryGround_data();
+    void groupsCanBeReadOnEveryGround();
     void aGroupShowsOnceItHasADocument();
     void palettesNeverShow();
     void documentsAreSortedByName();
@@ -122,6 +129,48 @@ void tst_ProjectTree::rebuildMakesSixHiddenGroupsInOrder()
         QCOMPARE(item->data(0, Qt::UserRole).toInt(), i);
         QCOMPARE(item->foreground(0).color(), QColor(colours[i]).lighter(150));
         QCOMPARE(item->childCount(), 0);
+    }
+}
+
+void tst_ProjectTree::groupsCanBeReadOnEveryGround_data()
+{
+    QTest::addColumn<QColor>("ground");
+    QTest::addColumn<QColor>("text");
+    QTest::addColumn<bool>("isAsTold"); // each in its own colour
+    QTest::newRow("light") << QColor(Qt::white) << QColor(Qt::black) << false;
+    QTest::newRow("dark") << QColor(20, 20, 20) << QColor(Qt::white) << true;
+}
+
+void tst_ProjectTree::groupsCanBeReadOnEveryGround()
+{
+    QFETCH(QColor, ground);
+    QFETCH(QColor, text);
+    QFETCH(bool, isAsTold);
+    QPalette colours = m_tree->palette();
+    colours.setColor(QPalette::Base, ground);
+    colours.setColor(QPalette::Text, text);
+    m_tree->setPalette(colours);
+    QFont large = m_tree->font();
+    large.setPixelSize(40); // with pixels that no edge softens
+    m_tree->setFont(large);
+    m_tree->resize(400, 600);
+    for (const Node node : {Node::TileSet, Node::Objects, Node::Sprites, Node::Map, Node::Image})
+        m_tree->addDocument(node, QUuid::createUuid(), "a");
+    m_tree->show();
+
+    const QImage shown = m_tree->viewport()->grab().toImage();
+    for (int i = 1; i < 6; ++i) {
+        const QTreeWidgetItem *const item = m_tree->topLevelItem(0)->child(i);
+        const QRect row = m_tree->visualItemRect(item);
+        QHash<QRgb, int> counts;
+        for (int y = row.top(); y <= row.bottom(); ++y) {
+            for (int x = row.left(); x <= row.right(); ++x)
+                counts[shown.pixel(x, y)] += shown.pixel(x, y) != ground.rgb();
+        }
+        const QColor drawn(std::max_element(counts.cbegin(), counts.cend()).key());
+        QVERIFY2(ReadableColours::contrast(drawn, ground) >= ReadableColours::TextContrast,
+                 qPrintable(item->text(0) + " " + drawn.name()));
+        QCOMPARE(drawn.rgb() == item->foreground(0).color().rgb(), isAsTold);
     }
 }
 
