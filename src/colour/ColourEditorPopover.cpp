@@ -8,8 +8,7 @@
 
 namespace {
 
-constexpr int Margin = 12;      // pixels between the editor and the panel's edge
-constexpr int PointerRoom = 10; // by which the panel is narrower on the pointer's side
+constexpr int Margin = 12; // pixels between the editor and the panel's edge
 
 } // namespace
 
@@ -20,7 +19,7 @@ ColourEditorPopover::ColourEditorPopover(QWidget *parent)
     setWindowFlags(Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(Margin + PointerRoom, Margin, Margin, Margin);
+    layout->setContentsMargins(marginsWithPointer(Margin));
     layout->addWidget(m_editor);
     connect(m_editor, &ColourEditor::colourChanged, this,
             &ColourEditorPopover::confirmColourChanged);
@@ -74,7 +73,5 @@ void ColourEditorPopover::resizeEvent(QResizeEvent *event)
 
 void ColourEditorPopover::fitToSide()
 {
-    const bool left = side() == DialogPosition::LeftOf;
-    layout()->setContentsMargins(Margin + (left ? PointerRoom : 0), Margin,
-                                 Margin + (left ? 0 : PointerRoom), Margin);
+    layout()->setContentsMargins(marginsWithPointer(Margin));
 }

@@ -11,7 +11,8 @@ using namespace MapEditor;
 
 namespace {
 
-constexpr int FormMargin = 10; // pixels, around the form within the panel
+constexpr int FormMargin = 10; // pixels, of the form itself
+constexpr int PanelMargin = 4; // pixels, around the form within the panel
 
 } // namespace
 
@@ -23,6 +24,7 @@ SpritePropertiesPopover::SpritePropertiesPopover(QWidget *parent)
     setAttribute(Qt::WA_TranslucentBackground);
     m_form->setContentsMargins(FormMargin, FormMargin, FormMargin, FormMargin);
     auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(marginsWithPointer(PanelMargin));
     layout->addWidget(m_form);
     connect(m_form, &SpriteProperties::spriteEdited, this, &SpritePropertiesPopover::spriteEdited);
 }
@@ -50,6 +52,7 @@ void SpritePropertiesPopover::place(const QRect &area)
     const QPoint leftAnchor(area.left(), middle);
     const QPoint rightAnchor(area.right() + 1, middle);
     placeBeside(leftAnchor, rightAnchor);
+    layout()->setContentsMargins(marginsWithPointer(PanelMargin));
 }
 
 void SpritePropertiesPopover::showEvent(QShowEvent *event)

@@ -122,6 +122,13 @@ void Popover::resizeEvent(QResizeEvent *event)
     cutToShape();
 }
 
+QMargins Popover::marginsWithPointer(int margin) const
+{
+    const bool isLeft = m_side == DialogPosition::LeftOf;
+    return {margin + (isLeft ? int(PointerRoom) : 0), margin,
+            margin + (isLeft ? 0 : int(PointerRoom)), margin};
+}
+
 void Popover::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);

@@ -37,6 +37,10 @@ public:
     static QPainterPath shapeFor(QSize size, DialogPosition side);
 
 protected:
+    /// @p margin on all sides, and the room of the pointer on its own. Without a pointer that room
+    /// is at the right, so that no side makes the panel larger.
+    QMargins marginsWithPointer(int margin) const;
+
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 

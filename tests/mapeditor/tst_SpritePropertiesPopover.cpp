@@ -20,6 +20,7 @@ private slots:
     void isAFramelessTranslucentTool();
     void standsAtTheRightWithItsPointerAtTheMiddle();
     void standsAtTheLeftAtTheRightEdgeOfTheScreen();
+    void theFormStandsInTheMiddleOfThePanel();
     void staysInsideTheScreen();
     void stealsNothingWhenNoScreenIsThere();
     void aPressOutsideCloses();
@@ -66,6 +67,25 @@ void tst_SpritePropertiesPopover::standsAtTheLeftAtTheRightEdgeOfTheScreen()
 
     QCOMPARE(popover.side(), DialogPosition::TopCentre);
     QVERIFY(popover.frameGeometry().right() < area.left() + 1);
+}
+
+void tst_SpritePropertiesPopover::theFormStandsInTheMiddleOfThePanel()
+{
+    constexpr int PointerRoom = 10; // pixels
+    SpritePropertiesPopover popover;
+    const auto *const form = popover.findChild<SpriteProperties *>();
+
+    popover.showFor(Map::PlacedSprite(), middle());
+    QCOMPARE(popover.side(), DialogPosition::LeftOf);
+    const QSize size = popover.size();
+    QCOMPARE(form->x() - PointerRoom, popover.width() - form->geometry().right() - 1);
+    QCOMPARE(form->y(), popover.height() - form->geometry().bottom() - 1);
+
+    popover.showFor(Map::PlacedSprite(), {screen().right() - 40, screen().center().y(), 32, 16});
+    QCOMPARE(popover.side(), DialogPosition::TopCentre);
+    QCoreApplication::processEvents();
+    QCOMPARE(form->x(), popover.width() - form->geometry().right() - 1 - PointerRoom);
+    QCOMPARE(popover.size(), size);
 }
 
 void tst_SpritePropertiesPopover::staysInsideTheScreen()
