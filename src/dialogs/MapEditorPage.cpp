@@ -59,6 +59,7 @@ MapEditorPage::MapEditorPage(QWidget *parent)
     addRow(tr("Enable grid line overlay"), m_overlayGrid);
     addRow(tr("Grid size (in pixels)"), m_gridSize);
     addRow(tr("Default magnification"), m_defaultZoom);
+    m_defaultZoom->setMinimumWidth(m_gridSize->sizeHint().width()); // one column
     setFirstGridColour(QColor(DefaultColour1));
     setSecondGridColour(QColor(DefaultColour2));
 }

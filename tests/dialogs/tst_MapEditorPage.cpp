@@ -17,6 +17,7 @@ private slots:
     void whatIsMissingKeepsItsValue();
     void whatIsNoValueKeepsItsValue();
     void numbersAreHeldInTheirRanges();
+    void theNumbersStandInOneColumn();
     void aSwatchShowsItsColour();
     void aPressOnASwatchAsksForItsColour_data();
     void aPressOnASwatchAsksForItsColour();
@@ -111,6 +112,18 @@ void tst_MapEditorPage::numbersAreHeldInTheirRanges()
     page.fromJson({{"gridSize", -1}, {"defaultZoom", 9}});
     QCOMPARE(page.gridSize(), 8);
     QCOMPARE(page.defaultZoom(), 8);
+}
+
+void tst_MapEditorPage::theNumbersStandInOneColumn()
+{
+    MapEditorPage page;
+    page.resize(500, 400);
+    page.show();
+    const auto *size = DialogDriver::field<QSpinBox>(page, QStringLiteral("Grid size (in pixels)"));
+    const auto *zoom = DialogDriver::field<QSpinBox>(page, QStringLiteral("Default magnification"));
+
+    QCOMPARE(zoom->x(), size->x());
+    QCOMPARE(zoom->width(), size->width());
 }
 
 void tst_MapEditorPage::aSwatchShowsItsColour()
