@@ -3,6 +3,7 @@
 #include "editors/FrameEditorWidget.h"
 
 #include "model/Animation.h"
+#include "uikit/PixelLines.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -54,6 +55,7 @@ const QImage &FrameEditorWidget::picture()
 
 void FrameEditorWidget::paintMarks(QPainter *painter) const
 {
+    moveLinesIntoPixels(painter);
     const auto frameOf = [this](QPoint cell) { return cellRect(cell).adjusted(0, 0, -1, -1); };
     if (contains(m_hoverCell)) {
         QColor highlight = palette().color(QPalette::Highlight);

@@ -4,6 +4,7 @@
 #include "editors/SpriteList.h"
 #include "model/SpriteBank.h"
 #include "uikit/CellPoint.h"
+#include "uikit/PixelLines.h"
 
 #include <QDrag>
 #include <QDragEnterEvent>
@@ -53,6 +54,7 @@ void SpriteList::paintEvent(QPaintEvent *event)
 
 void SpriteList::paintMarks(QPainter *painter) const
 {
+    moveLinesIntoPixels(painter);
     // Lines of one pixel reach to the cell's last one.
     const auto outline = [this](int index) { return cellRect(index).adjusted(0, 0, -1, -1); };
     if (m_hoverIndex >= 0 && underMouse()) {

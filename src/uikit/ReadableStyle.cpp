@@ -24,7 +24,7 @@ constexpr double ToolCorner = 2; // pixels, the radius
 /// between a line lies on two pixels, which share it.
 double reserveOn(const QPainter *painter)
 {
-    const double ratio = painter->device()->devicePixelRatioF();
+    const double ratio = painter->deviceTransform().m11();
     return ratio == std::floor(ratio) ? 1.25 : 2;
 }
 

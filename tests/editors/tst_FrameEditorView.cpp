@@ -2,6 +2,7 @@
 
 #include "editors/SpriteDrag.h"
 #include "support/DragEvents.h"
+#include "support/MarkEdges.h"
 
 #include <QHelpEvent>
 #include <QMimeData>
@@ -20,6 +21,8 @@ private slots:
     void paintsCellsThroughTheOwner();
     void hoveringRendersNothingAnew();
     void marksTheSelectedCell();
+    void marksAreWholeOnDenseScreens_data();
+    void marksAreWholeOnDenseScreens();
     void toolTipsTellTheCell();
     void anEditedFrameIsDrawnAnew();
     void marksStandOverTheCellsOfEveryZoom();
@@ -108,6 +111,29 @@ QString tst_FrameEditorView::toolTipAt(FrameEditorWidget &editor, QPoint positio
     QCoreApplication::sendEvent(&editor, &event);
     *isAccepted = event.isAccepted();
     return QToolTip::isVisible() ? QToolTip::text() : QString();
+}
+
+void tst_FrameEditorView::marksAreWholeOnDenseScreens_data()
+{
+    QTest::addColumn<double>("ratio");
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0})
+        QTest::addRow("%g", ratio) << ratio;
+}
+
+void tst_FrameEditorView::marksAreWholeOnDenseScreens()
+{
+    QFETCH(double, ratio);
+    FrameEditorWidget editor;
+    editor.setAnimation(m_walk);
+    editor.setRenderCell([](const Cell &) { return plainPicture(Qt::green); });
+    editor.resize(editor.sizeHint());
+    const QImage plain = MarkEdges::shown(editor, ratio);
+
+    QTest::mouseClick(&editor, Qt::LeftButton, {}, middle(0, 0));
+
+    const QMargins lines =
+        MarkEdges::between(plain, MarkEdges::shown(editor, ratio), {0, 0, SpriteCell, SpriteCell});
+    QVERIFY2(MarkEdges::areWhole(lines, ratio), QTest::toString(lines));
 }
 
 void tst_FrameEditorView::toolTipsTellTheCell()

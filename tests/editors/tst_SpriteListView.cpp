@@ -1,4 +1,5 @@
 #include "editors/SpriteListFixture.h"
+#include "support/MarkEdges.h"
 #include "uikit/ThemedIcon.h"
 
 #include <QPainter>
@@ -43,6 +44,8 @@ private slots:
     void marksSelectedAndHoveredSprites();
     void marksTheAddCellUnderTheMouse();
     void marksReachTheFarCorner();
+    void marksAreWholeOnDenseScreens_data();
+    void marksAreWholeOnDenseScreens();
     void hoveringTintsTheSprite();
 };
 
@@ -172,6 +175,25 @@ void tst_SpriteListView::marksReachTheFarCorner()
     }
     QCOMPARE(border, QSet<QRgb>({qRgb(0, 0, 0), qRgb(255, 255, 255)}));
     QCOMPARE(shown.pixelColor(cell.right() - 1, cell.center().y()), QColor(Qt::red));
+}
+
+void tst_SpriteListView::marksAreWholeOnDenseScreens_data()
+{
+    QTest::addColumn<double>("ratio");
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0})
+        QTest::addRow("%g", ratio) << ratio;
+}
+
+void tst_SpriteListView::marksAreWholeOnDenseScreens()
+{
+    QFETCH(double, ratio);
+    const QImage plain = MarkEdges::shown(*m_list, ratio);
+
+    m_list->setSelectedIndex(0);
+
+    const QMargins lines =
+        MarkEdges::between(plain, MarkEdges::shown(*m_list, ratio), m_list->cellRect(0));
+    QVERIFY2(MarkEdges::areWhole(lines, ratio), QTest::toString(lines));
 }
 
 void tst_SpriteListView::hoveringTintsTheSprite()
