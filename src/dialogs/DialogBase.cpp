@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -152,11 +153,20 @@ void DialogBase::focusFirstField()
     }
 }
 
+/// As the buttons do it themselves once one of them has had the focus. Entered at another, the
+/// arrow keys would move the focus but not the mark.
+void DialogBase::enterRadioButtonsAtTheChecked()
+{
+    for (auto *const button : findChildren<QRadioButton *>())
+        button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
 void DialogBase::showEvent(QShowEvent *event)
 {
     if (!event->spontaneous()) {
         takeTitle();
         showError({});
+        enterRadioButtonsAtTheChecked();
         focusFirstField();
     }
     QDialog::showEvent(event);

@@ -39,6 +39,7 @@ private:
     void takeTitle();
     void fixSize();
     void focusFirstField();
+    void enterRadioButtonsAtTheChecked();
 
     QLabel *m_heading;
     QFormLayout *m_form;

@@ -5,6 +5,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -31,6 +32,7 @@ public:
             showError(QStringLiteral("Say yes, and say it in a way that leaves no doubt at all"));
     }
 
+    using DialogBase::addRow;
     using DialogBase::showError;
 
     QLineEdit *const m_answer;
@@ -56,6 +58,7 @@ private slots:
     void enterIsOkAfterTheFocusWasOnTheButtons();
     void itsFirstFieldHasTheFocus();
     void itsFirstFieldMayStandInARowOfSeveral();
+    void tabGoesToTheCheckedRadioButton();
     void theNextOpeningStartsWithoutAnError();
     void anErrorFixesTheSizeAnew();
     void theMinimumOfASubclassHolds();
@@ -186,6 +189,30 @@ void tst_DialogBase::enterIsOk()
     QTest::keyClick(dialog.m_answer, Qt::Key_Return);
 
     QCOMPARE(accepted.count(), 1);
+}
+
+void tst_DialogBase::tabGoesToTheCheckedRadioButton()
+{
+    Question dialog;
+    auto *const small = new QRadioButton("small", &dialog);
+    auto *const large = new QRadioButton("large", &dialog);
+    dialog.addRow({}, small);
+    dialog.addRow({}, large);
+    large->setChecked(true);
+    dialog.show();
+    dialog.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+
+    QTest::keyClick(dialog.m_answer, Qt::Key_Tab);
+    QVERIFY(large->hasFocus());
+    QTest::keyClick(large, Qt::Key_Up);
+    QVERIFY(small->isChecked());
+    dialog.hide();
+    large->setChecked(true);
+    dialog.show();
+
+    QVERIFY(large->focusPolicy() & Qt::TabFocus);
+    QVERIFY(!(small->focusPolicy() & Qt::TabFocus));
 }
 
 void tst_DialogBase::theNextOpeningStartsWithoutAnError()
