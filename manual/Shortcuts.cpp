@@ -85,12 +85,15 @@ QString Shortcuts::page(const MainWindow &window)
             panes += row(action->text(), *action);
     }
     return QStringLiteral("# Keys\n\nThe keys of the menus work everywhere. Those of a tab or a "
-                          "dock work while it has the focus: click into it first, or go there "
-                          "with `F6`. `Alt` alone goes to the menu bar, whose menus the arrow keys "
+                          "dock work while it has the focus, as a document has that you have "
+                          "just opened: click into it, or go there with `F6`. `Alt` alone goes to "
+                          "the menu bar, whose menus the arrow keys "
                           "open.\n\nOn a canvas the arrow keys move a pointer from pixel to "
                           "pixel, on a map the arrow keys with `Shift` from cell to cell. `Space` "
                           "is the left mouse button there: hold it and move to draw. `Esc` ends "
-                          "pasting, or else takes the selection away.\n") +
+                          "pasting, or else takes the selection away. `Tab` goes from a canvas to "
+                          "its colours, where the arrow keys choose the first and with `Shift` "
+                          "the second one, and `Return` opens its sliders.\n") +
            section(QStringLiteral("Menus"), menus) + section(QStringLiteral("Window"), panes) +
            tabSection<MapEditor::View>(window, QStringLiteral("Map tab")) +
            tabSection<ImageEditor::View>(window, QStringLiteral("Image tab")) +

@@ -1,5 +1,7 @@
 #include "app/PaneKeys.h"
 
+#include "uikit/FocusEntry.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QDockWidget>
@@ -16,18 +18,6 @@ bool holdsFocus(const QWidget *pane)
     return focus && (pane == focus || pane->isAncestorOf(focus));
 }
 
-/// The first child, in the tab order, that can have the focus.
-QWidget *firstStop(QWidget *pane)
-{
-    for (QWidget *widget = pane->nextInFocusChain(); widget && widget != pane;
-         widget = widget->nextInFocusChain()) {
-        const bool isStop = (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
-        if (isStop && pane->isAncestorOf(widget) && widget->isEnabled() && widget->isVisible())
-            return widget;
-    }
-    return nullptr;
-}
-
 /// Where the focus goes in a pane: its main widget, which may take it by a click alone.
 QWidget *entry(QWidget *pane)
 {
@@ -35,11 +25,9 @@ QWidget *entry(QWidget *pane)
     QWidget *const main = dock ? dock->widget() : pane;
     if (!main || !main->isEnabled())
         return nullptr;
-    if (!dock && main->focusPolicy() != Qt::NoFocus)
-        return main;
     if (QWidget *const proxy = dock ? dock->focusProxy() : nullptr)
         return proxy;
-    return firstStop(main);
+    return FocusEntry::of(main);
 }
 
 } // namespace

@@ -54,6 +54,8 @@ void ViewBuilder::layOut()
     m_view->setFocusPolicy(Qt::ClickFocus);
     m_view->setFocusProxy(m_view->canvas());
     m_view->canvas()->setZoomLevel(2);
+    // In front of the many tools, most of which have keys.
+    QWidget::setTabOrder(m_view->canvas(), m_view->m_colourPalette);
 }
 
 void ViewBuilder::connectParts()

@@ -65,6 +65,12 @@ void DocumentController::connectViews()
     connect(window, &ProjectWindow::selectedMapChanged, this, &DocumentController::setActiveMap);
     connect(window, &ProjectWindow::selectedImageChanged, this,
             &DocumentController::setActiveImageEditor);
+    // What is opened there is what the next keys are for.
+    const auto enter = [this] { m_views.tabs->enterCurrent(); };
+    connect(window, &ProjectWindow::selectedBlocksChanged, this, enter);
+    connect(window, &ProjectWindow::selectedSpritesChanged, this, enter);
+    connect(window, &ProjectWindow::selectedMapChanged, this, enter);
+    connect(window, &ProjectWindow::selectedImageChanged, this, enter);
     connect(window, &ProjectWindow::documentRenamed, this, &DocumentController::showName);
     connect(m_views.tabs, &DocumentTabView::MapEditorActivated, this,
             &DocumentController::setActiveMap);

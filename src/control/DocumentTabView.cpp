@@ -2,6 +2,7 @@
 
 #include "control/DocumentTabBar.h"
 #include "mapeditor/View.h"
+#include "uikit/FocusEntry.h"
 #include "uikit/PlainText.h"
 
 #include <utility>
@@ -50,6 +51,14 @@ void DocumentTabView::addDocument(QWidget *view, DocumentType type, const QUuid 
     view->setProperty(IdProperty, id);
     view->setProperty(TypeProperty, static_cast<int>(type));
     setCurrentIndex(addTab(view, PlainText::label(text)));
+    enterCurrent();
+}
+
+void DocumentTabView::enterCurrent()
+{
+    QWidget *const view = currentWidget();
+    if (QWidget *const entry = view ? FocusEntry::of(view) : nullptr)
+        entry->setFocus(Qt::OtherFocusReason);
 }
 
 void DocumentTabView::setDocumentText(const QUuid &id, const QString &text)
@@ -140,10 +149,12 @@ void DocumentTabView::currentIndexChanged(int index)
 void DocumentTabView::setScratchEditorVisible(bool visible)
 {
     const int index = indexOf(&m_scratchEditor);
-    if (index < 0 && visible)
-        setCurrentIndex(addTab(&m_scratchEditor, tr("Scratch Image Editor")));
-    else
+    if (index >= 0 || !visible) {
         removeTab(index);
+        return;
+    }
+    setCurrentIndex(addTab(&m_scratchEditor, tr("Scratch Image Editor")));
+    enterCurrent();
 }
 
 void DocumentTabView::tabInserted(int index)

@@ -29,8 +29,11 @@ public:
     explicit DocumentTabView(QWidget *parent = nullptr);
     ~DocumentTabView() override;
 
-    /// Adds a tab for a document and makes it current. It shows @p text as it is.
+    /// Adds a tab for a document, makes it current and enters it. It shows @p text as it is.
     void addDocument(QWidget *view, DocumentType type, const QUuid &id, const QString &text);
+
+    /// Gives the focus to the tab in front, whose keys work then.
+    void enterCurrent();
 
     /// Shows @p text as it is on the tab of a document, if it has one.
     void setDocumentText(const QUuid &id, const QString &text);

@@ -80,6 +80,8 @@ void SpriteWindow::makeContent()
     layout->addWidget(m_number);
     layout->addWidget(scroller, 1);
     setContentWidget(content);
+    // In front of the many tools, most of which have keys.
+    QWidget::setTabOrder(m_canvas, m_colours);
 }
 
 QWidget *SpriteWindow::makeCanvasRow()

@@ -1,4 +1,6 @@
 #include "app/QuietWindow.h"
+#include "model/Image.h"
+#include "model/MapObjects.h"
 #include "model/SpriteBank.h"
 
 #include <QTest>
@@ -21,6 +23,7 @@ private slots:
     void aDeletedTileSetTakesItsUndoAlong();
     void theNextProjectsTileSetHasItsUndo();
     void anEmptyDockHasNothingToUndo();
+    void whatTheTreeOpensHasTheFocus();
     void withoutAProjectTheFocusChangesNothing();
 
 private:
@@ -220,6 +223,33 @@ void tst_MainWindowFocus::anEmptyDockHasNothingToUndo()
         m_window->views().tabs->scratchEditor()->canvas()->setFocus();
         QTRY_VERIFY(m_window->undo()->isEnabled());
     }
+}
+
+void tst_MainWindowFocus::whatTheTreeOpensHasTheFocus()
+{
+    Project *const project = m_window->newProject();
+    const auto map = m_window->addMap();
+    const auto bank = addBank("heroes");
+    const auto blocks = project->createBlockList("doors", map->tileSetId());
+    const auto image =
+        project->createImage(Tessaril::ImageMode::LoRes_128x96, "title", bank->palette()->id());
+    ProjectWindow *const tree = m_window->views().projectWindow;
+    const QTabWidget *const tabs = m_window->views().tabs;
+    const auto opens = [&](ProjectTree::ProjectNode node, const QUuid &id) {
+        focus(m_window->views().tileWindow);
+        tree->itemDoubleClicked(node, id);
+        return tabs->currentWidget()->isAncestorOf(QApplication::focusWidget()) ||
+               tabs->currentWidget()->hasFocus();
+    };
+    m_window->documents()->setActiveTileSet(map->tileSetId());
+
+    for (const char *const time : {"new", "again"}) {
+        QVERIFY2(opens(ProjectTree::ProjectNode::Map, map->id()), time);
+        QVERIFY2(opens(ProjectTree::ProjectNode::Sprites, bank->id()), time);
+        QVERIFY2(opens(ProjectTree::ProjectNode::Objects, blocks->id()), time);
+        QVERIFY2(opens(ProjectTree::ProjectNode::Image, image->id()), time);
+    }
+    QCOMPARE(tabs->count(), 4);
 }
 
 void tst_MainWindowFocus::withoutAProjectTheFocusChangesNothing()

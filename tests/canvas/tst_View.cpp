@@ -47,6 +47,7 @@ private slots:
     void withoutAStackNothingIsRecorded();
     void scrollsOfTwoViewsDoNotMerge();
     void startsReadyToDraw();
+    void tabLeadsToTheColoursFirst();
 
 private:
     void click(QPoint pixel);
@@ -414,6 +415,19 @@ void tst_View::startsReadyToDraw()
     // The middle button reaches the palette that the colours show.
     QTest::mouseClick(m_view->colourPalette(), Qt::MiddleButton, {}, {4, 4});
     QCOMPARE(m_palette->transparencyIndex(), 0);
+}
+
+void tst_View::tabLeadsToTheColoursFirst()
+{
+    m_view->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+    m_view->canvas()->setFocus();
+
+    QTest::keyClick(m_view->canvas(), Qt::Key_Tab);
+    QVERIFY(m_view->colourPalette()->hasFocus());
+    QTest::keyClick(m_view->colourPalette(), Qt::Key_Backtab);
+
+    QVERIFY(m_view->canvas()->hasFocus());
 }
 
 QTEST_MAIN(tst_View)

@@ -1,8 +1,10 @@
+#include "canvas/Canvas.h"
 #include "control/DocumentTabView.h"
 #include "mapeditor/View.h"
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTabBar>
@@ -29,6 +31,7 @@ private slots:
     void findsAndClosesByDocument();
     void closingDeletesAllButTheScratchEditor();
     void theScratchEditorComesAndGoes();
+    void whatComesHasTheFocus();
     void everyWayOfTheScratchTabIsTold();
     void documentsAreListedInTabOrder();
     void mapViewsAreFound();
@@ -201,6 +204,30 @@ void tst_DocumentTabView::everyWayOfTheScratchTabIsTold()
     m_tabs->closeAll();
 
     QCOMPARE(shown, QList<QVariantList>({{true}, {false}, {true}, {false}}));
+}
+
+void tst_DocumentTabView::whatComesHasTheFocus()
+{
+    m_tabs->show();
+    m_tabs->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_tabs.get()));
+
+    auto *const first = new QWidget;
+    first->setFocusPolicy(Qt::StrongFocus);
+    m_tabs->addDocument(first, Type::Map, m_first, "text");
+    QVERIFY(first->hasFocus());
+    auto *const second = new QWidget;
+    auto *const field = new QLineEdit(second);
+    m_tabs->addDocument(second, Type::Sprites, m_second, "text");
+    QVERIFY(field->hasFocus());
+    m_tabs->setScratchEditorVisible(true);
+    QVERIFY(m_tabs->scratchEditor()->canvas()->hasFocus());
+
+    // The keys of the bar go from tab to tab.
+    m_tabs->tabBar()->setFocus();
+    QTest::keyClick(m_tabs->tabBar(), Qt::Key_Left);
+    QCOMPARE(m_tabs->currentWidget(), second);
+    QVERIFY(m_tabs->tabBar()->hasFocus());
 }
 
 void tst_DocumentTabView::documentsAreListedInTabOrder()

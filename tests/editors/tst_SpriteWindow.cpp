@@ -62,6 +62,7 @@ private slots:
     void coloursGoToTheCanvasAndBack();
     void aFailedPasteKeepsTheTool();
     void theEditMenuDrivesTheCanvas();
+    void tabLeadsToTheColoursFirst();
     void everyToolIsInSightInASmallDock();
     void aLargeBankIsScrolledByItself();
     void theListGetsTheRestOfTheHeight();
@@ -457,6 +458,17 @@ void tst_SpriteWindow::theEditMenuDrivesTheCanvas()
     QTest::mouseClick(canvas, Qt::LeftButton, {}, canvas->cellRect({8, 8, 1, 1}).center());
     QVERIFY(stack()->count() > 1);
     QCOMPARE(m_project->sprites->sprite(0).pixelIndex(8, 8), 20);
+}
+
+void tst_SpriteWindow::tabLeadsToTheColoursFirst()
+{
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    child<Canvas>()->setFocus();
+
+    QTest::keyClick(child<Canvas>(), Qt::Key_Tab);
+
+    QVERIFY(child<ColourPalette>()->hasFocus());
 }
 
 void tst_SpriteWindow::everyToolIsInSightInASmallDock()

@@ -40,6 +40,7 @@ private slots:
     void theEditMenuReachesTheCanvas();
     void pastedColoursAreTakenIntoTheBank();
     void oldSetsAreNotHeard();
+    void tabLeadsToTheColoursFirst();
 };
 
 void tst_TileWindow::startsOnItsPlaceholder()
@@ -397,6 +398,18 @@ void tst_TileWindow::oldSetsAreNotHeard()
     QCOMPARE(fixture.range()->maximum(), 2);
     QCOMPARE(fixture.window.tileSet(), &other);
     QVERIFY(fixture.window.isContentShown());
+}
+
+void tst_TileWindow::tabLeadsToTheColoursFirst()
+{
+    TileWindowFixture fixture;
+    fixture.window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&fixture.window));
+    fixture.canvas()->setFocus();
+
+    QTest::keyClick(fixture.canvas(), Qt::Key_Tab);
+
+    QVERIFY(fixture.colours()->hasFocus());
 }
 
 QTEST_MAIN(tst_TileWindow)
