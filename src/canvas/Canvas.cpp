@@ -66,6 +66,7 @@ void Canvas::makeKeys()
 {
     m_keys = new PointerKeys(this, this,
                              {.cells = [this] { return image().rect(); },
+                              .visible = [this] { return visiblePixels(); },
                               .current = [this] { return m_lastPixel; },
                               .reveal = [this](QPoint pixel) { reveal(pixel); },
                               .rectOf =

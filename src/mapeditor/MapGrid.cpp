@@ -220,6 +220,7 @@ void MapGrid::takeKeysOf(QWidget *view)
 {
     new PointerKeys(this, view,
                     {.cells = [this] { return m_map ? m_map->tileLayer()->rect() : QRect(); },
+                     .visible = [this] { return m_geometry.visibleCells(); },
                      .current = [this] { return m_hoverCell; },
                      .reveal = [this](QPoint cell) { reveal(cell); },
                      .rectOf =

@@ -1,6 +1,7 @@
 #include "uikit/PointerKeys.h"
 
 #include <QCoreApplication>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWidget>
@@ -8,6 +9,12 @@
 #include <algorithm>
 
 namespace {
+
+bool isByKey(const QFocusEvent &event)
+{
+    return event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason ||
+           event.reason() == Qt::ShortcutFocusReason;
+}
 
 QPoint stepOf(int key)
 {
@@ -47,6 +54,8 @@ bool PointerKeys::eventFilter(QObject *watched, QEvent *event)
             return keyPressed(*static_cast<QKeyEvent *>(event));
         if (event->type() == QEvent::KeyRelease)
             return keyReleased(*static_cast<QKeyEvent *>(event));
+        if (event->type() == QEvent::FocusIn && isByKey(*static_cast<QFocusEvent *>(event)))
+            enter();
         if (event->type() == QEvent::FocusOut)
             letGo();
     }
@@ -55,6 +64,17 @@ bool PointerKeys::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_widget && isMouse && !m_isSending)
         m_isInUse = false;
     return false;
+}
+
+/// Shows where the pointer is, without scrolling to it.
+void PointerKeys::enter()
+{
+    if (!m_widget->isEnabled() || m_field.cells().isEmpty())
+        return;
+    if (!m_field.cells().contains(m_field.current()))
+        moveBy({});
+    m_isInUse = true;
+    m_widget->update();
 }
 
 bool PointerKeys::keyPressed(const QKeyEvent &event)
@@ -89,9 +109,9 @@ bool PointerKeys::keyReleased(const QKeyEvent &event)
 void PointerKeys::moveBy(QPoint step)
 {
     const QRect cells = m_field.cells();
-    // A pointer that is nowhere enters at the first cell.
+    // A pointer that is nowhere enters at the first cell on view.
     const bool isInside = cells.contains(m_field.current());
-    const QPoint target = isInside ? m_field.current() + step : cells.topLeft();
+    const QPoint target = isInside ? m_field.current() + step : m_field.visible().topLeft();
     const QPoint cell(std::clamp(target.x(), cells.left(), cells.right()),
                       std::clamp(target.y(), cells.top(), cells.bottom()));
     m_field.reveal(cell);

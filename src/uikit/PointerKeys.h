@@ -14,7 +14,7 @@ class QWidget;
 ///
 /// Arrow keys move a pointer from cell to cell, and Space is the left button: it is held as long as
 /// the key. The widget gets ordinary mouse events at the centre of the cell. Cells are counted as
-/// the owner likes.
+/// the owner likes. Keys that bring the focus show the pointer where it is.
 class PointerKeys : public QObject
 {
     Q_OBJECT
@@ -23,9 +23,10 @@ public:
     /// What the owner tells of its field.
     struct Field
     {
-        std::function<QRect()> cells;             ///< all there are; empty for no pointer
-        std::function<QPoint()> current;          ///< under the pointer now; may be outside
-        std::function<void(QPoint cell)> reveal;  ///< scrolls until the cell is on view
+        std::function<QRect()> cells;            ///< all there are; empty for no pointer
+        std::function<QRect()> visible;          ///< those on view, maybe with some beyond the edge
+        std::function<QPoint()> current;         ///< under the pointer now; may be outside
+        std::function<void(QPoint cell)> reveal; ///< scrolls until the cell is on view
         std::function<QRect(QPoint cell)> rectOf; ///< in widget pixels
     };
 
@@ -34,13 +35,14 @@ public:
     PointerKeys(QWidget *widget, QWidget *focus, const Field &field,
                 Qt::KeyboardModifier modifier = Qt::NoModifier);
 
-    /// Whether keys moved the pointer last.
+    /// Whether keys moved or showed the pointer last.
     bool isInUse() const { return m_isInUse; }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void enter();
     bool keyPressed(const QKeyEvent &event);
     bool keyReleased(const QKeyEvent &event);
     void moveBy(QPoint step);

@@ -50,6 +50,8 @@ private slots:
     void aHeldSpaceDrawsOnTheWay();
     void losingTheFocusLetsGo();
     void aMouseTakesThePointerOver();
+    void keysThatBringTheFocusShowThePointer();
+    void aPointerEntersWhereTheViewHasBeenScrolledTo();
     void aMapIsPaintedByKeys();
     void plainArrowsStillScrollTheMap();
     void aMapScrollsAfterItsPointer();
@@ -169,6 +171,41 @@ void tst_Keyboard::aMouseTakesThePointerOver()
     QTest::keyClick(canvas, Qt::Key_Right);
 
     QCOMPARE(value(canvas), QString("pixel 10, 4, colour 0"));
+}
+
+void tst_Keyboard::keysThatBringTheFocusShowThePointer()
+{
+    Canvas *const canvas = imageCanvas();
+    const QImage without = canvas->grab().toImage();
+
+    canvas->setFocus(Qt::MouseFocusReason);
+    QCOMPARE(canvas->grab().toImage(), without);
+    canvas->clearFocus();
+    canvas->setFocus(Qt::ShortcutFocusReason);
+
+    QVERIFY(canvas->grab().toImage() != without);
+    QCOMPARE(value(canvas), QString("pixel 0, 0, colour 0"));
+    QTest::keyClick(canvas, Qt::Key_Right);
+    QCOMPARE(value(canvas), QString("pixel 1, 0, colour 0"));
+}
+
+void tst_Keyboard::aPointerEntersWhereTheViewHasBeenScrolledTo()
+{
+    Canvas *const canvas = imageCanvas();
+    canvas->setZoomLevel(32);
+    canvas->setHorizontalPosition(20);
+    canvas->setVerticalPosition(30);
+    const QRect view = canvas->visiblePixels();
+
+    canvas->setFocus(Qt::TabFocusReason);
+
+    QCOMPARE(value(canvas), QString("pixel 20, 30, colour 0"));
+    QCOMPARE(canvas->visiblePixels(), view);
+    canvas->clearFocus();
+    canvas->setHorizontalPosition(60);
+    const QRect scrolled = canvas->visiblePixels();
+    canvas->setFocus(Qt::TabFocusReason);
+    QCOMPARE(canvas->visiblePixels(), scrolled);
 }
 
 void tst_Keyboard::aMapIsPaintedByKeys()
