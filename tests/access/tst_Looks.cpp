@@ -7,6 +7,7 @@
 #include "model/Palette.h"
 #include "model/Project.h"
 #include "model/TileSet.h"
+#include "support/FusionColours.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -25,7 +26,6 @@
 #include <QRubberBand>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QStyleFactory>
 #include <QStyleOptionComboBox>
 #include <QTabBar>
 #include <QTest>
@@ -39,11 +39,6 @@ namespace {
 constexpr double TextContrast = 4.5;
 constexpr double IconContrast = 3.0; // and of what is disabled
 constexpr QSize SmallScreen(800, 600);
-
-QPalette lightColours()
-{
-    return QStyleFactory::create("Fusion")->standardPalette();
-}
 
 void dimOff(QPalette *colours, const QColor &colour)
 {
@@ -340,7 +335,7 @@ void tst_Looks::initTestCase()
 
 void tst_Looks::cleanupTestCase()
 {
-    QApplication::setPalette(lightColours());
+    QApplication::setPalette(fusionColours());
     m_surfaces.reset();
 }
 
@@ -362,7 +357,7 @@ void tst_Looks::aVisitLeavesTheProjectAsItIs()
 void tst_Looks::allStandsOut_data()
 {
     QTest::addColumn<QPalette>("colours");
-    QTest::newRow("light") << lightColours();
+    QTest::newRow("light") << fusionColours();
     QTest::newRow("dark") << darkColours();
     QTest::newRow("contrast") << highContrastColours();
 }
@@ -461,7 +456,7 @@ void tst_Looks::nothingIsCutOff_data()
 void tst_Looks::nothingIsCutOff()
 {
     QFETCH(QSize, size);
-    QApplication::setPalette(lightColours());
+    QApplication::setPalette(fusionColours());
     m_surfaces->window()->resize(size);
     QApplication::processEvents();
     QCOMPARE(m_surfaces->window()->size(), size);

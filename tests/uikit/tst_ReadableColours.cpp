@@ -1,7 +1,8 @@
 #include "uikit/ReadableColours.h"
 
+#include "support/FusionColours.h"
+
 #include <QApplication>
-#include <QStyleFactory>
 #include <QTest>
 
 namespace {
@@ -46,7 +47,7 @@ void tst_ReadableColours::contrastIsThatOfTheAccessibilityGuidelines()
 void tst_ReadableColours::faintColoursAreStrengthened_data()
 {
     QTest::addColumn<QPalette>("colours");
-    QTest::newRow("Fusion") << QStyleFactory::create("Fusion")->standardPalette();
+    QTest::newRow("Fusion") << fusionColours();
     QTest::newRow("dark") << QPalette(QColor(53, 53, 53), QColor(42, 42, 42));
     QPalette faint(Qt::white);
     faint.setColor(QPalette::PlaceholderText, QColor(220, 220, 220));
@@ -83,7 +84,7 @@ void tst_ReadableColours::readableColoursStay()
     const QPalette once = ReadableColours::readable(QPalette(Qt::lightGray));
 
     QCOMPARE(ReadableColours::readable(once), once);
-    const QPalette plain = QStyleFactory::create("Fusion")->standardPalette();
+    const QPalette plain = fusionColours();
     QCOMPARE(ReadableColours::readable(plain).color(QPalette::Text), plain.color(QPalette::Text));
     QCOMPARE(ReadableColours::readable(plain).color(QPalette::Base), plain.color(QPalette::Base));
 }

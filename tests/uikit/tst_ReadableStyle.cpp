@@ -1,5 +1,6 @@
 #include "uikit/ReadableStyle.h"
 
+#include "support/FusionColours.h"
 #include "uikit/ReadableColours.h"
 
 #include <QApplication>
@@ -16,11 +17,6 @@ namespace {
 
 constexpr int Side = 16;  // pixels, of an indicator
 constexpr int Border = 4; // pixels of the window around it
-
-QPalette lightColours()
-{
-    return QStyleFactory::create("Fusion")->standardPalette();
-}
 
 QPalette darkColours()
 {
@@ -108,7 +104,7 @@ private:
 void tst_ReadableStyle::themes()
 {
     QTest::addColumn<QPalette>("colours");
-    QTest::newRow("light") << lightColours();
+    QTest::newRow("light") << fusionColours();
     QTest::newRow("dark") << darkColours();
     QTest::newRow("contrast") << highContrastColours();
 }
@@ -119,7 +115,7 @@ void tst_ReadableStyle::outlinesStandOut_data()
     QTest::addColumn<QStyle::PrimitiveElement>("element");
     QTest::addColumn<double>("ratio");
     const std::pair<const char *, QPalette> themes[] = {
-        {"light", lightColours()}, {"dark", darkColours()}, {"contrast", highContrastColours()}};
+        {"light", fusionColours()}, {"dark", darkColours()}, {"contrast", highContrastColours()}};
     for (const auto &[theme, colours] : themes) {
         for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
             QTest::addRow("%s box %g", theme, ratio)
@@ -212,7 +208,7 @@ void tst_ReadableStyle::lightFieldsAndOtherPartsAreThoseOfFusion()
                drawn(*fusion, element, colours, QStyle::State_Enabled, 1);
     };
 
-    QVERIFY(same(QStyle::PE_PanelButtonCommand, lightColours()));
+    QVERIFY(same(QStyle::PE_PanelButtonCommand, fusionColours()));
     QVERIFY(!same(QStyle::PE_PanelButtonCommand, darkColours()));
     QVERIFY(same(QStyle::PE_IndicatorArrowDown, darkColours()));
     QVERIFY(same(QStyle::PE_Frame, darkColours()));
