@@ -5,6 +5,7 @@
 #include "editors/BlockEditorViewBuilder.h"
 #include "editors/FrameEditorWidget.h"
 #include "editors/TileDrag.h"
+#include "editors/TileLooks.h"
 #include "editors/TilePickerTool.h"
 #include "model/MapObjects.h"
 #include "model/TileSet.h"
@@ -27,23 +28,9 @@ View::View(MapObjects *blocks, QWidget *parent)
     connect(m_blocks, &MapObjects::animationsChanged, this, &View::listAnimations);
     connect(m_blocks, &QObject::destroyed, m_animationList,
             &AnimationEditor::AnimationListWidget::clear);
-    followTiles();
+    if (const QPointer<TileSet> tiles = m_blocks->tileSet())
+        TileLooks::follow(tiles, &m_redraw);
     listAnimations();
-}
-
-/// Has the blocks drawn anew when their tiles look different.
-void View::followTiles()
-{
-    const QPointer<TileSet> tiles = m_blocks->tileSet();
-    if (!tiles)
-        return;
-    const auto start = qOverload<>(&QTimer::start);
-    connect(tiles, &TileSet::tileChanged, &m_redraw, start);
-    connect(tiles, &TileSet::tileDeleted, &m_redraw, start);
-    connect(tiles, &TileSet::tileInserted, &m_redraw, start);
-    connect(tiles, &TileSet::tileSwapped, &m_redraw, start);
-    connect(tiles, &TileSet::restored, &m_redraw, start);
-    connect(tiles, &QObject::destroyed, &m_redraw, start);
 }
 
 void View::redraw()

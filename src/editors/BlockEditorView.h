@@ -65,7 +65,6 @@ private:
     void showAnimation(Animation *animation);
     void enter(TileAnimation *animation);
     bool confirmDeletion();
-    void followTiles();
     void redraw();
 
     QPointer<MapObjects> m_blocks;

@@ -1,6 +1,7 @@
 #include "mapeditor/BlockSelectorWindow.h"
 
 #include "editors/AnimationListWidget.h"
+#include "editors/TileLooks.h"
 #include "model/MapObjects.h"
 #include "model/TileSet.h"
 #include "uikit/PlainText.h"
@@ -34,6 +35,9 @@ BlockSelectorWindow::BlockSelectorWindow(QWidget *parent)
     layout->addWidget(m_animations, 1);
     setContentWidget(content);
 
+    m_iconUpdate.setSingleShot(true);
+    connect(&m_iconUpdate, &QTimer::timeout, m_animations,
+            &AnimationEditor::AnimationListWidget::updateIcons);
     connect(m_listCombo, &QComboBox::currentIndexChanged, this, &BlockSelectorWindow::changeList);
     const auto choose = [this](Animation *animation) {
         if (auto *const block = qobject_cast<TileAnimation *>(animation))
@@ -46,10 +50,13 @@ BlockSelectorWindow::BlockSelectorWindow(QWidget *parent)
 
 void BlockSelectorWindow::setTileSet(const QPointer<TileSet> &tileSet)
 {
-    if (m_tileSet)
+    if (m_tileSet) {
         disconnect(m_tileSet, nullptr, this, nullptr);
+        disconnect(m_tileSet, nullptr, &m_iconUpdate, nullptr);
+    }
     m_tileSet = tileSet;
     if (m_tileSet) {
+        TileLooks::follow(m_tileSet, &m_iconUpdate);
         connect(m_tileSet, &TileSet::nameChanged, this, &BlockSelectorWindow::showTitle);
         showContent();
     } else {

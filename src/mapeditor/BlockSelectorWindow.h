@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QPointer>
+#include <QTimer>
 
 class MapObjects;
 class QComboBox;
@@ -41,4 +42,5 @@ private:
     QList<QPointer<MapObjects>> m_blockLists; // as in the combo box
     QComboBox *m_listCombo;
     AnimationEditor::AnimationListWidget *m_animations;
+    QTimer m_iconUpdate; // once for many changes of tiles
 };

@@ -1,6 +1,7 @@
 #include "mapeditor/SpriteAnimSelector.h"
 
 #include "editors/AnimationListWidget.h"
+#include "model/Palette.h"
 #include "model/SpriteBank.h"
 #include "uikit/CurrentItem.h"
 #include "uikit/PlainText.h"
@@ -50,6 +51,8 @@ SpriteAnimSelector::SpriteAnimSelector(QWidget *parent)
     layout->addWidget(m_spritesLabel);
     layout->addWidget(m_sprites, 1);
 
+    m_iconUpdate.setSingleShot(true);
+    connect(&m_iconUpdate, &QTimer::timeout, this, &SpriteAnimSelector::updateIcons);
     connect(m_bankCombo, &QComboBox::currentIndexChanged, this,
             &SpriteAnimSelector::updateAnimations);
     connect(m_animations, &AnimationEditor::AnimationListWidget::selectedItemChanged, this,
@@ -118,6 +121,8 @@ SpriteBank *SpriteAnimSelector::currentBank() const
 void SpriteAnimSelector::updateAnimations()
 {
     const SpriteBank *const bank = currentBank();
+    if (bank)
+        followPalette(*bank);
     {
         const QSignalBlocker blocker(m_animations);
         m_animations->clear();
@@ -169,19 +174,43 @@ void SpriteAnimSelector::fitRoom()
     layout()->activate();
 }
 
+QIcon SpriteAnimSelector::iconOf(const SpriteBank &bank, int sprite) const
+{
+    QPixmap picture = QPixmap::fromImage(bank.spriteImage(sprite, 0, false, false, false))
+                          .scaled(QSize(IconSide, IconSide) * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    // Marked too: the mark would change its colours.
+    QIcon icon(picture);
+    icon.addPixmap(picture, QIcon::Selected);
+    return icon;
+}
+
+/// A bank has no signal for another palette, but its picture is announced then.
+void SpriteAnimSelector::followPalette(const SpriteBank &bank)
+{
+    if (const auto palette = bank.palette())
+        connect(palette, &Palette::colourChanged, &m_iconUpdate, qOverload<>(&QTimer::start),
+                Qt::UniqueConnection);
+}
+
+/// Other colours make no other lists: what is chosen stays.
+void SpriteAnimSelector::updateIcons()
+{
+    const SpriteBank *const bank = currentBank();
+    if (!bank)
+        return;
+    m_animations->updateIcons();
+    for (int i = 0; i < std::min(m_sprites->count(), bank->count()); ++i)
+        m_sprites->item(i)->setIcon(iconOf(*bank, i));
+}
+
 void SpriteAnimSelector::fillSprites(const SpriteBank *bank)
 {
     const QSignalBlocker blocker(m_sprites);
     const int row = m_sprites->currentRow();
     m_sprites->clear();
     for (int i = 0; bank && i < bank->count(); ++i) {
-        QPixmap picture = QPixmap::fromImage(bank->spriteImage(i, 0, false, false, false))
-                              .scaled(QSize(IconSide, IconSide) * devicePixelRatioF());
-        picture.setDevicePixelRatio(devicePixelRatioF());
-        // Marked too: the mark would change its colours.
-        QIcon icon(picture);
-        icon.addPixmap(picture, QIcon::Selected);
-        m_sprites->addItem(new QListWidgetItem(icon, QString::number(i)));
+        m_sprites->addItem(new QListWidgetItem(iconOf(*bank, i), QString::number(i)));
     }
     // The view's own function: one that was never given an index picks the first when it gets the
     // focus.

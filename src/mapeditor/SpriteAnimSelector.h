@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QPointer>
+#include <QTimer>
 #include <QUuid>
 #include <QWidget>
 
@@ -50,6 +51,9 @@ private:
     QList<QPointer<SpriteBank>> livingBanks() const;
     SpriteBank *currentBank() const;
     void fillSprites(const SpriteBank *bank);
+    QIcon iconOf(const SpriteBank &bank, int sprite) const;
+    void updateIcons();
+    void followPalette(const SpriteBank &bank);
     void fitRoom();
     void animationPicked(Animation *animation);
     void spritePicked(int row);
@@ -61,5 +65,6 @@ private:
     QLabel *m_empty;
     QLabel *m_spritesLabel;
     QListWidget *m_sprites;
+    QTimer m_iconUpdate; // once for many changes of colours
     QSize m_room;
 };

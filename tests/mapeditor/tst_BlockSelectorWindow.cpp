@@ -2,6 +2,7 @@
 
 #include "editors/AnimationListWidget.h"
 #include "model/MapObjects.h"
+#include "model/Palette.h"
 #include "model/TileSet.h"
 #include "support/TestMaps.h"
 
@@ -31,6 +32,7 @@ private slots:
     void newBlocksJoinTheList();
     void aRenamedListStaysChosen();
     void aTileSetThatWasLeftIsNotFollowed();
+    void blocksLookLikeTheirTiles();
     void choosingABlockSendsIt();
     void pressingTheChosenBlockSendsItAgain();
     void showingAListSendsNothing();
@@ -165,6 +167,25 @@ void tst_BlockSelectorWindow::aTileSetThatWasLeftIsNotFollowed()
     m_doors->createTileAnimation(QStringLiteral("Hatch"));
 
     QCOMPARE(count(), 0);
+}
+
+void tst_BlockSelectorWindow::blocksLookLikeTheirTiles()
+{
+    const QPointer<TileAnimation> gate = *m_doors->animations().begin();
+    gate->setTileSet(m_tiles->set.get());
+    gate->addFrame();
+    m_window->setTileSet(m_tiles->set.get());
+    const auto *const items = m_window->findChild<QListWidget *>();
+    const auto colour = [items] {
+        return items->item(0)->icon().pixmap(48, 48).toImage().pixelColor(20, 20);
+    };
+
+    m_tiles->palette->setColour(0, Qt::white);
+    QTRY_COMPARE(colour(), QColor(Qt::white));
+    m_tiles->palette->setColour(0, Qt::red);
+    QTRY_COMPARE(colour(), QColor(Qt::red));
+    m_window->setTileSet(nullptr);
+    m_tiles->palette->setColour(0, Qt::white); // of a set that nobody shows
 }
 
 void tst_BlockSelectorWindow::choosingABlockSendsIt()

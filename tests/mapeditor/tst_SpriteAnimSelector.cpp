@@ -36,6 +36,7 @@ private slots:
     void theChosenBankStaysWhenTheListChanges();
     void aRemovedBankLeavesTheFirst();
     void bankSignalsRefreshTheLists();
+    void otherColoursAreShownAndKeepWhatIsChosen();
     void refreshingKeepsTheRowAndSendsNothing();
     void choosingASpriteUnchoosesTheAnimation();
     void choosingAnAnimationUnchoosesTheSprite();
@@ -206,6 +207,35 @@ void tst_SpriteAnimSelector::bankSignalsRefreshTheLists()
     m_selector->setBanks({m_bats.get()});
     m_heroes->addSprite();
     QCOMPARE(sprites()->count(), 1);
+}
+
+void tst_SpriteAnimSelector::otherColoursAreShownAndKeepWhatIsChosen()
+{
+    m_heroes->setImage(0, TestSprites::filled(9));
+    m_selector->setBanks({m_heroes.get()});
+    auto *const animations = list()->findChild<QListWidget *>();
+    animations->setCurrentRow(0);
+    const auto colours = [&] {
+        QList<QRgb> found;
+        for (const QListWidgetItem *item : {sprites()->item(0), animations->item(0)})
+            found << item->icon().pixmap(32, 32).toImage().pixel(4, 4);
+        return found;
+    };
+    QSignalSpy chosen(m_selector.get(), &SpriteAnimSelector::selectionChanged);
+
+    m_palette.setColour(9, Qt::white);
+    QTRY_COMPARE(colours(), QList<QRgb>(2, qRgb(255, 255, 255)));
+    Palette other;
+    m_heroes->setPalette(&other);
+    emit m_heroes->imageChanged(0);
+    animations->setCurrentRow(0);
+    chosen.clear();
+    other.setColour(9, Qt::red);
+
+    QTRY_COMPARE(colours(), QList<QRgb>(2, qRgb(255, 0, 0)));
+    QCOMPARE(animations->currentRow(), 0);
+    QCOMPARE(chosen.count(), 0);
+    m_heroes->setPalette(&m_palette);
 }
 
 void tst_SpriteAnimSelector::refreshingKeepsTheRowAndSendsNothing()
