@@ -1,5 +1,6 @@
 #include "uikit/ReadableStyle.h"
 
+#include "uikit/PixelLines.h"
 #include "uikit/ReadableColours.h"
 
 #include <QApplication>
@@ -43,7 +44,22 @@ QColor outline(const QPalette &colours, double reserve)
     return strengthened(colours.color(QPalette::Window), colours, wanted * reserve);
 }
 
-/// Marks the tool in use, whose ground alone differs little from the others'.
+/// Whether Fusion's own outlines of fields and buttons can hardly be seen.
+bool areEdgesFaint(const QPalette &colours)
+{
+    const QColor ground = colours.color(QPalette::Window);
+    return ReadableColours::contrast(ground.darker(OutlineShade), ground) <
+           ReadableStyle::FieldContrast;
+}
+
+/// The tool in use has a ground that differs little from the others'; one that does not lie flat
+/// is a button.
+bool needsFrame(const QStyleOption &tool)
+{
+    return tool.state & QStyle::State_On ||
+           (!(tool.state & QStyle::State_AutoRaise) && areEdgesFaint(tool.palette));
+}
+
 void drawToolFrame(QPainter *painter, const QStyleOption &option)
 {
     painter->save();
@@ -72,9 +88,7 @@ void ReadableStyle::install()
 /// part has the colour of the window.
 QPalette ReadableStyle::dressed(const QPalette &colours, Part part, const QPainter *painter) const
 {
-    const QColor ground = colours.color(QPalette::Window);
-    if (part == Part::Field &&
-        ReadableColours::contrast(ground.darker(OutlineShade), ground) >= FieldContrast)
+    if (part == Part::Field && !areEdgesFaint(colours))
         return colours;
 
     const double reserve = reserveOn(painter);
@@ -120,11 +134,23 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *
         drawDressed(*button, Part::Field);
     else if (frame && element == PE_FrameLineEdit)
         drawDressed(*frame, Part::Field);
+    else if (element == PE_Frame)
+        drawWhole(option, painter, widget);
     else
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 
-    if (element == PE_PanelButtonTool && option->state & State_On)
+    if (element == PE_PanelButtonTool && needsFrame(*option))
         drawToolFrame(painter, *option);
+}
+
+/// At scales in between Fusion draws two sides of a frame beside its widget.
+void ReadableStyle::drawWhole(const QStyleOption *frame, QPainter *painter,
+                              const QWidget *widget) const
+{
+    painter->save();
+    moveLinesIntoPixels(painter);
+    QProxyStyle::drawPrimitive(PE_Frame, frame, painter, widget);
+    painter->restore();
 }
 
 void ReadableStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,

@@ -31,6 +31,7 @@ public:
 private:
     enum class Part { Box, Radio, Field };
 
+    void drawWhole(const QStyleOption *frame, QPainter *painter, const QWidget *widget) const;
     QPalette dressed(const QPalette &colours, Part part, const QPainter *painter) const;
 
     // As Fusion keeps pictures by palette, each has to be the same one the next time.

@@ -1,10 +1,12 @@
 #include "uikit/ReadableStyle.h"
 
 #include "support/FusionColours.h"
+#include "support/MarkEdges.h"
 #include "uikit/ReadableColours.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QFrame>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
@@ -12,6 +14,7 @@
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QTest>
+#include <QToolButton>
 
 namespace {
 
@@ -94,6 +97,8 @@ private slots:
     void fieldsHaveAnEdge();
     void theToolInUseIsMarked_data() { themes(); }
     void theToolInUseIsMarked();
+    void framesHaveFourSides_data();
+    void framesHaveFourSides();
     void lightFieldsAndOtherPartsAreThoseOfFusion();
     void takesThePlaceOfFusionOnly();
 
@@ -173,6 +178,8 @@ void tst_ReadableStyle::fieldsHaveAnEdge()
     QVERIFY(edge(QSpinBox()) >= wanted);
     QVERIFY(edge(QComboBox()) >= wanted);
     QVERIFY(edge(QPushButton()) >= wanted);
+    if (isDark)
+        QVERIFY(edge(QToolButton()) >= wanted);
     QPushButton usual;
     usual.setDefault(true);
     QVERIFY(edge(std::move(usual)) >= wanted);
@@ -197,6 +204,29 @@ void tst_ReadableStyle::theToolInUseIsMarked()
 
     QVERIFY(shown(QStyle::State_On) >= ReadableStyle::OutlineContrast);
     QVERIFY(shown(QStyle::State_Off) < ReadableStyle::OffOutlineContrast);
+}
+
+void tst_ReadableStyle::framesHaveFourSides_data()
+{
+    QTest::addColumn<double>("ratio");
+    for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0})
+        QTest::addRow("%g", ratio) << ratio;
+}
+
+void tst_ReadableStyle::framesHaveFourSides()
+{
+    QFETCH(double, ratio);
+    ReadableStyle style;
+    QFrame frame;
+    frame.setStyle(&style);
+    frame.setPalette(fusionColours());
+    frame.resize(80, 40);
+    const QImage plain = MarkEdges::shown(frame, ratio);
+
+    frame.setFrameShape(QFrame::StyledPanel);
+
+    const QMargins lines = MarkEdges::between(plain, MarkEdges::shown(frame, ratio), frame.rect());
+    QVERIFY2(MarkEdges::areWhole(lines, ratio), QTest::toString(lines));
 }
 
 void tst_ReadableStyle::lightFieldsAndOtherPartsAreThoseOfFusion()
