@@ -26,6 +26,7 @@
 namespace {
 
 constexpr QSize WindowSize(1280, 800);
+constexpr int GrassTile = 48; // of the platform level
 
 using Tool = Tessaril::Ui::ToolButton;
 
@@ -144,6 +145,8 @@ void Walk::showMap()
     if (!view)
         return;
     view->toolPalette()->action(Tool::ZoomIn)->trigger();
+    views().tileWindow->raise();
+    views().tileWindow->setTileIndex(GrassTile);
     picture(QStringLiteral("level"));
     picture(QStringLiteral("map-tools"), view->toolPalette());
     picture(QStringLiteral("map-bar"), views().mapToolBar);
@@ -151,8 +154,6 @@ void Walk::showMap()
 
 void Walk::showTiles()
 {
-    views().tileWindow->raise();
-    views().tileWindow->setTileIndex(300);
     picture(QStringLiteral("tile-editor"), views().tileWindow);
     picture(QStringLiteral("tiles"), views().tilePicker);
     m_hands.choose(views().menuBar->tileMenu(), QStringLiteral("Export"));
