@@ -2,6 +2,7 @@
 
 #include "colour/ChannelLabel.h"
 #include "colour/ChannelSlider.h"
+#include "uikit/UndoKeys.h"
 
 #include <QGridLayout>
 #include <QSignalBlocker>
@@ -52,6 +53,7 @@ RgbEditor::Channel RgbEditor::addRow(QGridLayout *layout, const QString &name, c
     number->setButtonSymbols(QAbstractSpinBox::NoButtons);
     number->setAlignment(Qt::AlignCenter);
     number->setAccessibleName(name);
+    UndoKeys::leaveToMenu(number);
 
     const int row = layout->rowCount();
     layout->addWidget(label, row, 0);

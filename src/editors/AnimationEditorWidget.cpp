@@ -6,6 +6,7 @@
 #include "editors/PreviewTiming.h"
 #include "model/TileSet.h"
 #include "uikit/ToolPalette.h"
+#include "uikit/UndoKeys.h"
 
 #include <QAction>
 #include <QDebug>
@@ -39,6 +40,7 @@ AnimationEditorWidget::AnimationEditorWidget(QWidget *parent)
     , m_controls(new AnimationControlWidget)
 {
     m_paletteOffsetSpin->setRange(0, MaxPaletteOffset);
+    UndoKeys::leaveToMenu(m_paletteOffsetSpin);
     m_paletteOffsetSpin->setToolTip(tr("Palette offset of the selected cell"));
     m_paletteOffsetSpin->setAccessibleName(tr("Palette offset"));
     makeToolPalette();

@@ -2,6 +2,7 @@
 
 #include "editors/MapObjectTypeCombo.h"
 #include "uikit/FillingFlowLayout.h"
+#include "uikit/UndoKeys.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -67,6 +68,7 @@ QSpinBox *BlockEditorToolBar::addSpin(QHBoxLayout *row, const QString &label, in
                                       int maximum)
 {
     auto *spin = new QSpinBox;
+    UndoKeys::leaveToMenu(spin);
     spin->setRange(minimum, maximum);
     auto *text = new QLabel(label);
     text->setBuddy(spin);

@@ -2,6 +2,7 @@
 
 #include "model/Animation.h"
 #include "uikit/FillingFlowLayout.h"
+#include "uikit/UndoKeys.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -44,6 +45,7 @@ ToolBar::ToolBar(QWidget *parent)
 QSpinBox *ToolBar::addSpin(QHBoxLayout *row, const QString &label, int minimum, int maximum)
 {
     auto *spin = new QSpinBox;
+    UndoKeys::leaveToMenu(spin);
     spin->setKeyboardTracking(false); // a width of 1 on the way to 16 would cut cells off
     spin->setRange(minimum, maximum);
     auto *text = new QLabel(label);

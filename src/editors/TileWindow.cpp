@@ -13,6 +13,7 @@
 #include "uikit/NumberRange.h"
 #include "uikit/PlainText.h"
 #include "uikit/ToolPalette.h"
+#include "uikit/UndoKeys.h"
 
 #include <QFormLayout>
 #include <QScopedValueRollback>
@@ -116,6 +117,7 @@ void TileWindow::addFields(QVBoxLayout *layout)
     m_tileRange->setRange(1, TileSet::DefaultCount);
     m_tileRange->setAccessibleName(tr("Tile"));
     m_offset->setRange(1, MaxOffset);
+    UndoKeys::leaveToMenu(m_offset);
     m_offset->setSingleStep(1);
     m_offset->setAccessibleName(tr("Palette Offset"));
     auto *fields = new QFormLayout;

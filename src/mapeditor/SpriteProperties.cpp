@@ -1,5 +1,7 @@
 #include "mapeditor/SpriteProperties.h"
 
+#include "uikit/UndoKeys.h"
+
 #include <QCheckBox>
 #include <QFormLayout>
 #include <QLineEdit>
@@ -39,6 +41,7 @@ QSpinBox *SpriteProperties::addSpin(QFormLayout *form, const QString &label, con
                                     int maximum)
 {
     auto *spin = new QSpinBox(this);
+    UndoKeys::leaveToMenu(spin);
     spin->setObjectName(name);
     spin->setRange(0, maximum);
     form->addRow(label, spin);

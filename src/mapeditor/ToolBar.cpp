@@ -1,6 +1,7 @@
 #include "mapeditor/ToolBar.h"
 
 #include "uikit/ThemedIcon.h"
+#include "uikit/UndoKeys.h"
 
 #include <QAction>
 #include <QLabel>
@@ -79,6 +80,7 @@ QSpinBox *ToolBar::addSpin(int minimum, int maximum, int value, const QString &n
                            const QString &toolTip, const QString &special)
 {
     auto *spin = new QSpinBox(this);
+    UndoKeys::leaveToMenu(spin);
     spin->setRange(minimum, maximum);
     spin->setValue(value);
     spin->setSpecialValueText(special);

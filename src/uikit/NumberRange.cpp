@@ -1,5 +1,7 @@
 #include "uikit/NumberRange.h"
 
+#include "uikit/UndoKeys.h"
+
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QToolButton>
@@ -13,6 +15,7 @@ NumberRange::NumberRange(QWidget *parent)
     setObjectName(QStringLiteral("NumberRange"));
     m_edit->setAlignment(Qt::AlignCenter);
     m_edit->setAccessibleName(tr("Number"));
+    UndoKeys::leaveToMenu(m_edit);
     // Room for a placeholder of four digits on each side; the buttons get theirs first.
     m_edit->setFixedWidth(m_edit->fontMetrics().horizontalAdvance(QStringLiteral("00000 / 00000")));
 

@@ -6,7 +6,9 @@
 #include "editors/SpriteEditorView.h"
 #include "editors/SpriteList.h"
 #include "editors/TilePickerGrid.h"
+#include "editors/TileSheet.h"
 #include "mapeditor/MapGrid.h"
+#include "mapeditor/SpritePropertiesPopover.h"
 #include "mapeditor/View.h"
 #include "model/Map.h"
 #include "model/Palette.h"
@@ -17,6 +19,7 @@
 #include <QApplication>
 #include <QListWidget>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTest>
 
 namespace {
@@ -60,6 +63,7 @@ private slots:
     void theSpriteListSpeaks();
     void theFrameEditorSpeaks();
     void theKeyForPanesGoesRound();
+    void numbersLeaveUndoToTheMenu();
 
 private:
     template <typename View>
@@ -176,6 +180,7 @@ void tst_Keyboard::aMouseTakesThePointerOver()
 void tst_Keyboard::keysThatBringTheFocusShowThePointer()
 {
     Canvas *const canvas = imageCanvas();
+    canvas->clearFocus(); // which the tab in front may have
     const QImage without = canvas->grab().toImage();
 
     canvas->setFocus(Qt::MouseFocusReason);
@@ -196,6 +201,7 @@ void tst_Keyboard::aPointerEntersWhereTheViewHasBeenScrolledTo()
     canvas->setHorizontalPosition(20);
     canvas->setVerticalPosition(30);
     const QRect view = canvas->visiblePixels();
+    canvas->clearFocus(); // which the tab in front may have
 
     canvas->setFocus(Qt::TabFocusReason);
 
@@ -336,6 +342,27 @@ void tst_Keyboard::theKeyForPanesGoesRound()
     QVERIFY(reached(m_surfaces->views().tilePicker));
     QTest::keyClick(window, Qt::Key_F6, Qt::ShiftModifier);
     QCOMPARE(QApplication::focusWidget(), visited.at(visited.size() - 2));
+}
+
+void tst_Keyboard::numbersLeaveUndoToTheMenu()
+{
+    const auto *const attributes = m_surfaces->window()->findChild<TileSheet *>(); // have no undo
+    QStringList kept;
+    int count = 0;
+    for (QSpinBox *const field : m_surfaces->window()->findChildren<QSpinBox *>()) {
+        const bool isEdit = field->window() == m_surfaces->window() ||
+                            qobject_cast<MapEditor::SpritePropertiesPopover *>(field->window());
+        if (!isEdit || attributes->isAncestorOf(field))
+            continue;
+        ++count;
+        QKeyEvent undo(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
+        QCoreApplication::sendEvent(field, &undo);
+        if (undo.isAccepted())
+            kept += field->accessibleName();
+    }
+
+    QVERIFY(count > 12);
+    QCOMPARE(kept, QStringList());
 }
 
 QTEST_MAIN(tst_Keyboard)
