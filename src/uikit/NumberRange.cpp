@@ -4,13 +4,38 @@
 
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QPainter>
+#include <QStyleOptionFrame>
 #include <QToolButton>
 
 #include <algorithm>
 
+namespace {
+
+/// Shows its placeholder also while it has the focus, where centred lines leave it out: here it is
+/// the number.
+class NumberEdit : public QLineEdit
+{
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QLineEdit::paintEvent(event);
+        if (!hasFocus() || !text().isEmpty())
+            return;
+        QStyleOptionFrame option;
+        initStyleOption(&option);
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.drawText(style()->subElementRect(QStyle::SE_LineEditContents, &option, this),
+                         Qt::AlignCenter, placeholderText());
+    }
+};
+
+} // namespace
+
 NumberRange::NumberRange(QWidget *parent)
     : QWidget(parent)
-    , m_edit(new QLineEdit)
+    , m_edit(new NumberEdit)
 {
     setObjectName(QStringLiteral("NumberRange"));
     m_edit->setAlignment(Qt::AlignCenter);

@@ -1,5 +1,6 @@
 #include "uikit/NumberRange.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -28,6 +29,7 @@ private slots:
     void aLargerMinimumMovesTheValue();
     void anEmptyRangeStandsAtItsMinimum();
     void everyPartHasAName();
+    void theNumberIsSeenWithTheFocusToo();
 
 private:
     QToolButton *button(const QString &text) const;
@@ -235,6 +237,27 @@ void tst_NumberRange::everyPartHasAName()
     QCOMPARE(button(QStringLiteral("⇥"))->accessibleName(), QStringLiteral("Last"));
     QCOMPARE(edit()->accessibleName(), QStringLiteral("Number"));
     QCOMPARE(edit()->alignment() & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
+}
+
+void tst_NumberRange::theNumberIsSeenWithTheFocusToo()
+{
+    QApplication::setCursorFlashTime(0); // a blink would be a difference
+    const auto seen = [this] { return edit()->grab().toImage(); };
+    m_range->show();
+    m_range->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_range));
+    edit()->setFocus();
+    QVERIFY(edit()->hasFocus());
+
+    const QImage tenth = seen();
+    m_range->setValue(57);
+    QVERIFY(seen() != tenth);
+    QTest::keyClick(edit(), Qt::Key_1);
+    m_range->setMaximum(99);
+    const QImage typed = seen();
+    m_range->setMaximum(88);
+
+    QCOMPARE(seen(), typed);
 }
 
 QTEST_MAIN(tst_NumberRange)
