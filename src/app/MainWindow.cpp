@@ -258,19 +258,28 @@ void MainWindow::readState()
     const bool isStateRead = m_state.load();
     m_preferences.restore(m_state.loadPreferences());
     if (isStateRead) {
-        if (!m_state.windowState.isEmpty()) {
-            restoreState(m_state.windowState);
-            m_layoutController.keepRoom();
-        }
+        const QSize firstSize = size();
+        restoreDocks();
         if (!m_state.windowGeometry.isEmpty())
             restoreGeometry(m_state.windowGeometry);
         bringToScreen();
+        // The window was too small for the docks of a larger one.
+        if (size() != firstSize)
+            restoreDocks();
         if (!m_state.recent.isEmpty())
             m_menuBar.fileMenu()->setRecent(m_state.recent);
         if (!m_state.lastPath.isEmpty())
             m_menuBar.fileMenu()->setLastPath(m_state.lastPath);
     }
     m_tilePicker.setZoom(m_state.tileZoom);
+}
+
+void MainWindow::restoreDocks()
+{
+    if (m_state.windowState.isEmpty())
+        return;
+    restoreState(m_state.windowState);
+    m_layoutController.keepRoom();
 }
 
 /// A geometry from another screen may leave nothing of the window in sight that could be taken hold

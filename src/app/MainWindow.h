@@ -78,6 +78,7 @@ private:
     void projectOpened(Project *project);
     void showTile(int step);
     void readState();
+    void restoreDocks();
     void bringToScreen();
     void writeState();
     void persistPreferences();

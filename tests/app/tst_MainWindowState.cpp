@@ -32,6 +32,7 @@ private slots:
     void resetLayoutBringsTheSizesBack();
     void docksComeBackAfterASmallWindow();
     void docksAsNarrowAsTheUserLeftThemStaySo();
+    void wideDocksOfALargeWindowComeBack();
     void anUnknownIntervalBecomesWeekly();
     void preferencesReachThePagesAndTheFile();
     void theFolderOfTheOpenDialogIsWrittenAbsolute();
@@ -237,6 +238,26 @@ void tst_MainWindowState::docksAsNarrowAsTheUserLeftThemStaySo()
     QCoreApplication::processEvents();
 
     QCOMPARE(m_window->views().projectWindow->width(), Narrow);
+}
+
+void tst_MainWindowState::wideDocksOfALargeWindowComeBack()
+{
+    m_window = std::make_unique<MainWindow>();
+    m_window->resize(1270, 800);
+    QCoreApplication::processEvents();
+    m_window->resizeDocks({m_window->views().projectWindow, m_window->views().tileWindow},
+                          {430, 560}, Qt::Horizontal);
+    QCoreApplication::processEvents();
+    QCOMPARE(m_window->views().projectWindow->width(), 430);
+    const int right = m_window->width() - m_window->views().tabs->geometry().right();
+    QVERIFY(m_window->close());
+
+    m_window = std::make_unique<MainWindow>();
+    QCoreApplication::processEvents();
+
+    QCOMPARE(m_window->width(), 1270);
+    QCOMPARE(m_window->views().projectWindow->width(), 430);
+    QCOMPARE(m_window->width() - m_window->views().tabs->geometry().right(), right);
 }
 
 void tst_MainWindowState::anUnknownIntervalBecomesWeekly()
