@@ -67,7 +67,7 @@ MainWindow::MainWindow(QWidget *parent)
     connectProjectLife();
     connectUpdates();
     show();
-    statusBar()->showMessage(windowTitle());
+    messageChanged({});
     m_menuBar.tileMenu()->setEnabled(false);
     m_menuBar.spriteMenu()->setEnabled(false);
     m_menuBar.setProject(nullptr);
@@ -148,9 +148,15 @@ void MainWindow::messageChanged(QString message)
         return;
     const QString file = m_projectController.store()->fileName();
     const Project *const project = m_projectController.project();
-    statusBar()->showMessage(project && !file.isEmpty()
-                                 ? QStringLiteral("%1 [%2]").arg(project->name(), file)
-                                 : windowTitle());
+    m_identity = project && !file.isEmpty() ? QStringLiteral("%1 [%2]").arg(project->name(), file)
+                                            : windowTitle();
+    statusBar()->showMessage(m_identity);
+}
+
+void MainWindow::followProject()
+{
+    if (statusBar()->currentMessage() == m_identity)
+        messageChanged({});
 }
 
 void MainWindow::nextTile()
@@ -225,6 +231,7 @@ void MainWindow::projectOpened(Project *project)
     scratch->setImage(project->scratchImage());
     scratch->setUndoStack(m_documentController.undoStack(QUuid()));
     m_documentController.restoreOpenDocuments();
+    followProject();
 }
 
 void MainWindow::showEvent(QShowEvent *event)

@@ -76,6 +76,8 @@ private:
     void connectUpdates();
 
     void projectOpened(Project *project);
+    /// Another project or none: the status bar names no longer what is gone.
+    void followProject();
     void showTile(int step);
     void readState();
     void restoreDocks();
@@ -111,4 +113,5 @@ private:
     ProjectActions m_projectActions;
     LayoutController m_layoutController;
     bool m_isFirstShow = true;
+    QString m_identity; // the status text that tells what is being edited
 };

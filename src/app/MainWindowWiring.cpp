@@ -84,6 +84,7 @@ void MainWindow::connectProjectLife()
     connect(control, &ProjectController::projectClosing, documents,
             &DocumentController::endProject);
     connect(control, &ProjectController::projectClosed, documents, &DocumentController::clearViews);
+    connect(control, &ProjectController::projectClosed, this, &MainWindow::followProject);
     connect(control, &ProjectController::error, this, &MainWindow::showError);
 
     connect(m_menuBar.fileMenu(), &FileMenu::displayPreferences, &m_preferences, &QDialog::show);

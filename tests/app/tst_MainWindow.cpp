@@ -34,6 +34,7 @@ private slots:
     void anOpenedProjectShowsEverywhere();
     void aClosedProjectIsForgottenButForTheTitle();
     void theStatusBarFallsBackToTheProject();
+    void theStatusBarLeavesAProjectThatIsClosed();
     void errorsShowInTheBox();
     void aMapOpensOneTabAndTheDocksFollow();
     void theHistoryOfAMapSurvivesItsTab();
@@ -204,6 +205,28 @@ void tst_MainWindow::theStatusBarFallsBackToTheProject()
 
     QCOMPARE(bar->currentMessage(),
              QString("%1 [%2]").arg(project->name(), m_folder + "/castle.tessaril"));
+}
+
+void tst_MainWindow::theStatusBarLeavesAProjectThatIsClosed()
+{
+    newProject("castle");
+    QStatusBar *const bar = m_window->statusBar();
+    ProjectController *const control = m_window->projectController();
+    QCOMPARE(bar->currentMessage(), m_window->windowTitle());
+    control->_savePath = [this] { return m_folder + "/castle.tessaril"; };
+    control->save();
+    bar->clearMessage();
+
+    newProject("cave");
+    QCOMPARE(bar->currentMessage(), m_window->windowTitle());
+    QVERIFY(bar->currentMessage().contains("cave"));
+    control->openProject(m_folder + "/castle.tessaril");
+    QCOMPARE(bar->currentMessage(), QString("Project loaded"));
+    bar->clearMessage();
+    QVERIFY(bar->currentMessage().contains("castle.tessaril"));
+    control->close();
+
+    QCOMPARE(bar->currentMessage(), m_window->windowTitle());
 }
 
 void tst_MainWindow::errorsShowInTheBox()
