@@ -4,12 +4,20 @@ QImage TestImages::indexed(const QStringList &rows)
 {
     const int width = rows.isEmpty() ? 0 : static_cast<int>(rows.first().size());
     QImage image(width, static_cast<int>(rows.size()), QImage::Format_Indexed8);
-    image.setColorTable(QList<QRgb>(256, qRgb(0, 0, 0)));
+    QList<QRgb> colours;
+    for (int index = 0; index < 256; ++index)
+        colours.append(indexColour(index));
+    image.setColorTable(colours);
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < width; ++x)
             image.setPixel(x, y, rows.at(y).mid(x, 1).toUInt(nullptr, 16));
     }
     return image;
+}
+
+QRgb TestImages::indexColour(int index)
+{
+    return qRgb(index, 255 - index, 128);
 }
 
 QStringList TestImages::rows(const QImage &image)

@@ -6,8 +6,11 @@
 /// Small pictures written as text, so that a test shows its input and its expectation.
 namespace TestImages {
 
-/// An indexed picture from rows of hexadecimal digits, one digit a pixel, with 256 black colours.
+/// An indexed picture from rows of hexadecimal digits, one digit a pixel, with 256 colours by
+/// indexColour(): pictures of other indices are not the same to QImage either.
 QImage indexed(const QStringList &rows);
+/// The colour of an index in indexed(), opaque; no two are the same.
+QRgb indexColour(int index);
 
 /// The rows of an indexed picture, one lower-case hexadecimal digit a pixel (the low nibble).
 QStringList rows(const QImage &image);
