@@ -200,7 +200,8 @@ void MainWindow::changeTilePalette(QUuid paletteId)
         return;
     tileSet->setPalette(palette);
     m_tileWindow.setPalette(palette);
-    m_tilePicker.grid()->update();
+    // A set has no signal for its palette; its views look at the colours with every picture.
+    tileSet->notifyImageChanged(0);
 }
 
 void MainWindow::importZXFont(int index, int foreIndex, int backIndex, int offset, QString file)

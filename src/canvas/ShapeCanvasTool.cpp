@@ -21,6 +21,7 @@ void ShapeCanvasTool::activate()
 void ShapeCanvasTool::mousePressed(QMouseEvent *)
 {
     m_isDragging = true;
+    m_canvas->update(); // the shape begins as one pixel
 }
 
 void ShapeCanvasTool::mouseReleased(QMouseEvent *)

@@ -2,6 +2,8 @@
 
 #include "model/Palette.h"
 
+#include <QApplication>
+
 namespace {
 
 constexpr int UlaPlusCount = 64;
@@ -99,7 +101,9 @@ void ColourPalette::pickTransparent(int index)
     if (!swatches())
         return;
     swatches()->setTransparencyIndex(index);
-    update();
+    // A palette tells nobody of it, and is on show in other places as well.
+    for (QWidget *const widget : QApplication::allWidgets())
+        widget->update();
 }
 
 int ColourPalette::base() const

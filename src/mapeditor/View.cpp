@@ -108,22 +108,33 @@ void View::setSpriteBanks(const QList<QPointer<SpriteBank>> &banks)
                 Qt::UniqueConnection);
         connect(bank, &SpriteBank::spriteDeleted, m_grid, &MapGrid::placedSpritesRenumbered,
                 Qt::UniqueConnection);
-        followPalette(*bank);
+        connect(bank, &SpriteBank::animationsChanged, this, &View::spritesChanged,
+                Qt::UniqueConnection);
+        followLook(*bank);
     }
 }
 
-void View::followPalette(const SpriteBank &bank)
+/// Of what is placed on the map: its colours and frames.
+void View::followLook(const SpriteBank &bank)
 {
+    const auto follow = [this](const auto *sender, auto signal) {
+        connect(sender, signal, m_grid, &MapGrid::tileMapChanged, Qt::UniqueConnection);
+    };
     if (const auto palette = bank.palette())
-        connect(palette, &Palette::colourChanged, m_grid, qOverload<>(&QWidget::update),
-                Qt::UniqueConnection);
+        follow(palette.data(), &Palette::colourChanged);
+    for (const auto &animation : bank.animations()) {
+        follow(animation.data(), &Animation::frameChanged);
+        follow(animation.data(), &Animation::contentChanged);
+        follow(animation.data(), &Animation::sizeChanged);
+        follow(animation.data(), &Animation::delayChanged);
+    }
 }
 
 /// With its picture a bank may have got another palette, for which it has no signal.
 void View::spritesChanged()
 {
     if (const auto *const bank = qobject_cast<SpriteBank *>(sender()))
-        followPalette(*bank);
+        followLook(*bank);
     m_grid->update();
 }
 

@@ -109,7 +109,7 @@ protected:
 private:
     friend class ViewBuilder;
 
-    void followPalette(const SpriteBank &bank);
+    void followLook(const SpriteBank &bank);
     void spritesChanged();
     void cancel();
     void advanceFrames();

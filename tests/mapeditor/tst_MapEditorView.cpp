@@ -23,6 +23,7 @@
 #include <QToolButton>
 #include <QUndoStack>
 
+#include <functional>
 #include <memory>
 
 using MapEditor::MapGrid;
@@ -30,6 +31,7 @@ using MapEditor::ToolBar;
 using MapEditor::View;
 using Tessaril::Position;
 using Tool = Tessaril::Ui::ToolButton;
+using SpriteChange = std::function<void(SpriteBank &, SpriteAnim &)>;
 
 class tst_MapEditorView : public QObject
 {
@@ -59,6 +61,8 @@ private slots:
     void theCornerOpensTheDialogsOfTheMap();
     void changedTilesAreRepainted();
     void coloursOfSpritesAreRepainted();
+    void framesOfSpritesAreRepainted_data();
+    void framesOfSpritesAreRepainted();
     void aLowViewScrollsItsTools();
 
 private:
@@ -411,6 +415,38 @@ void tst_MapEditorView::coloursOfSpritesAreRepainted()
     second.setColour(1, Qt::red);
 
     QTRY_VERIFY(otherColours.count() > 0);
+    m_view->setSpriteBanks({});
+}
+
+void tst_MapEditorView::framesOfSpritesAreRepainted_data()
+{
+    QTest::addColumn<SpriteChange>("change");
+    const auto row = [](const char *name, const SpriteChange &change) {
+        QTest::newRow(name) << change;
+    };
+    row("cell", [](SpriteBank &, SpriteAnim &walk) { walk.frame(0)->notifyChanged(); });
+    row("frames", [](SpriteBank &, SpriteAnim &walk) { walk.notifyContentChanged(); });
+    row("size", [](SpriteBank &, SpriteAnim &walk) { walk.setSize({2, 1}); });
+    row("delay", [](SpriteBank &, SpriteAnim &walk) { walk.setDelay(3); });
+    row("deleted", [](SpriteBank &bank, SpriteAnim &walk) { bank.removeAnimation(walk.id()); });
+    row("deleted sprite", [](SpriteBank &bank, SpriteAnim &) {
+        emit bank.structureChanged(QStringLiteral("Delete Sprite"));
+    });
+}
+
+void tst_MapEditorView::framesOfSpritesAreRepainted()
+{
+    QFETCH(SpriteChange, change);
+    SpriteBank bank(Tessaril::Sprite::EightBit);
+    SpriteAnim *const early = bank.createAnimation();
+    m_view->setSpriteBanks({&bank});
+    SpriteAnim *const late = bank.createAnimation();
+
+    for (SpriteAnim *const animation : {early, late}) {
+        const PaintCounter paints(*m_view->grid());
+        change(bank, *animation);
+        QTRY_VERIFY(paints.count() > 0);
+    }
     m_view->setSpriteBanks({});
 }
 

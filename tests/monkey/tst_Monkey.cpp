@@ -9,6 +9,7 @@
 #include "model/Project.h"
 #include "model/SpriteBank.h"
 #include "model/TileSet.h"
+#include "support/Screen.h"
 
 #include <QDockWidget>
 #include <QFile>
@@ -105,6 +106,17 @@ void tell(const Monkey &monkey, const QString &failure)
     std::fprintf(stderr, "%s\nafter\n%s\n", qPrintable(failure), qPrintable(monkey.diary()));
 }
 
+/// What the screen shows is what a fresh paint would show; looked at now and then, as it takes
+/// longer than what is done in between.
+bool isScreenStale(const Monkey &monkey, int action)
+{
+    constexpr int Between = 10; // actions
+    const QStringList stale = action % Between == 0 ? Screen::staleParts() : QStringList();
+    if (!stale.isEmpty())
+        tell(monkey, QStringLiteral("out of date: ") + stale.join(QLatin1Char('\n')));
+    return !stale.isEmpty();
+}
+
 QStringList s_warnings;
 
 void collect(QtMsgType type, const QMessageLogContext &, const QString &message)
@@ -164,6 +176,7 @@ void tst_Monkey::init()
     };
     m_window->projectController()->_savePath = [] { return QDir::homePath() + "/saved.tessaril"; };
     m_window->resize(1400, 1000);
+    Screen::holdStill();
     m_window->projectController()->openProject(file);
     QVERIFY(project());
 }
@@ -263,6 +276,7 @@ void tst_Monkey::allEditsAreUndoneAndRedone()
         if (i % 25 == 0)
             open(i / 25);
         monkey.act();
+        QVERIFY(!isScreenStale(monkey, i));
     }
     m_window->documentController()->recordOpenDocuments(); // stops what plays
     const auto after = entries();
@@ -288,8 +302,10 @@ void tst_Monkey::anythingGoes()
     QFETCH(quint32, seed);
     Monkey monkey(m_window.get(), seed, Monkey::Reach::Everything);
     const int actions = fromEnvironment("TESSARIL_MONKEY_ACTIONS", 150);
-    for (int i = 0; i < actions; ++i)
+    for (int i = 0; i < actions; ++i) {
         monkey.act();
+        QVERIFY(!isScreenStale(monkey, i));
+    }
 
     if (!s_warnings.isEmpty())
         tell(monkey, s_warnings.join(QLatin1Char('\n')));
