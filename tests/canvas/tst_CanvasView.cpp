@@ -1,4 +1,5 @@
 #include "CanvasFixture.h"
+#include "support/Screen.h"
 
 #include <QHBoxLayout>
 #include <QRubberBand>
@@ -30,11 +31,16 @@ private slots:
     void theBandFollowsTheZoom();
     void whatChangesTheViewRepaintsIt_data();
     void whatChangesTheViewRepaintsIt();
+    void theKeysPixelIsFramed();
+    void theFrameIsGoneWithoutTheFocus();
+    void theFrameIsGoneWithTheMouse();
     void aFormerPaletteIsNotHeard();
     void layoutsHearOfAnotherSize();
     void thePalettesWholeChangeReachesTheImage();
 
 private:
+    /// Whether there is a frame around pixel (1, 0) of a plain picture.
+    static bool isFramed(Canvas &canvas);
     /// Whether the wheel's event was taken.
     static bool wheel(Canvas &canvas, QPoint delta, Qt::KeyboardModifiers modifiers,
                       QPoint position);
@@ -320,6 +326,63 @@ void tst_CanvasView::whatChangesTheViewRepaintsIt()
     change(test);
 
     QTRY_VERIFY(counter.paints > 0);
+}
+
+bool tst_CanvasView::isFramed(Canvas &canvas)
+{
+    const QImage picture = canvas.grab().toImage();
+    const QRect pixel = canvas.cellRect(QRect(1, 0, 1, 1));
+    const QRgb plain = picture.pixel(canvas.cellRect(QRect(3, 2, 1, 1)).center());
+    const QRgb bottom = picture.pixel(pixel.center().x(), pixel.bottom() + 1);
+    const QRgb right = picture.pixel(pixel.right() + 1, pixel.center().y());
+    const QRgb left = picture.pixel(pixel.left() - 1, pixel.center().y());
+    return bottom != plain && right != plain && left != plain &&
+           picture.pixel(pixel.center()) == plain;
+}
+
+void tst_CanvasView::theKeysPixelIsFramed()
+{
+    CanvasFixture test(QStringList(3, QString(4, '5')), 20);
+    test.canvas.activateWindow();
+    test.canvas.setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(&test.canvas));
+    QVERIFY(!isFramed(test.canvas));
+
+    QTest::keyClick(&test.canvas, Qt::Key_Right);
+    QTest::keyClick(&test.canvas, Qt::Key_Right);
+
+    QVERIFY(isFramed(test.canvas));
+    QCOMPARE(Screen::staleParts(), QStringList());
+}
+
+void tst_CanvasView::theFrameIsGoneWithoutTheFocus()
+{
+    CanvasFixture test(QStringList(3, QString(4, '5')), 20);
+    test.canvas.activateWindow();
+    test.canvas.setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(&test.canvas));
+    QTest::keyClick(&test.canvas, Qt::Key_Right);
+    QTest::keyClick(&test.canvas, Qt::Key_Right);
+
+    test.canvas.clearFocus();
+
+    QVERIFY(!isFramed(test.canvas));
+    QCOMPARE(Screen::staleParts(), QStringList());
+}
+
+void tst_CanvasView::theFrameIsGoneWithTheMouse()
+{
+    CanvasFixture test(QStringList(3, QString(4, '5')), 20);
+    test.canvas.activateWindow();
+    test.canvas.setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(&test.canvas));
+    QTest::keyClick(&test.canvas, Qt::Key_Right);
+    QTest::keyClick(&test.canvas, Qt::Key_Right);
+
+    test.move(3, 2, Qt::NoButton);
+
+    QVERIFY(!isFramed(test.canvas));
+    QCOMPARE(Screen::staleParts(), QStringList());
 }
 
 void tst_CanvasView::aFormerPaletteIsNotHeard()

@@ -10,6 +10,8 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -48,6 +50,8 @@ private slots:
     void scrollsOfTwoViewsDoNotMerge();
     void startsReadyToDraw();
     void tabLeadsToTheColoursFirst();
+    void theSideIsOneColumnBesideTheCanvas();
+    void theFocusGoesToTheCanvas();
 
 private:
     void click(QPoint pixel);
@@ -428,6 +432,33 @@ void tst_View::tabLeadsToTheColoursFirst()
     QTest::keyClick(m_view->colourPalette(), Qt::Key_Backtab);
 
     QVERIFY(m_view->canvas()->hasFocus());
+}
+
+void tst_View::theSideIsOneColumnBesideTheCanvas()
+{
+    const auto *scroller = m_view->findChild<QScrollArea *>();
+
+    QCOMPARE(scroller->width(), 190);
+    QCOMPARE(scroller->geometry().right(), m_view->width() - 1);
+    QCOMPARE(scroller->viewport()->width() + scroller->verticalScrollBar()->width() *
+                                                 scroller->verticalScrollBar()->isVisible(),
+             190); // no frame
+    QCOMPARE(scroller->widget()->width(), scroller->viewport()->width());
+    m_view->resize(500, 200);
+    QTRY_VERIFY(scroller->verticalScrollBar()->isVisible());
+    QVERIFY(!scroller->horizontalScrollBar()->isVisible());
+    QVERIFY(m_view->canvas()->width() > 200);
+}
+
+void tst_View::theFocusGoesToTheCanvas()
+{
+    m_view->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+
+    m_view->setFocus();
+
+    QVERIFY(m_view->canvas()->hasFocus());
+    QCOMPARE(m_view->focusPolicy(), Qt::ClickFocus);
 }
 
 QTEST_MAIN(tst_View)

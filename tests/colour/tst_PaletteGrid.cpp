@@ -2,6 +2,7 @@
 
 #include "model/Palette.h"
 #include "support/PaintCounter.h"
+#include "support/Screen.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -30,6 +31,8 @@ private slots:
     void theFirstKeySelectsTheFirstEntry();
     void settingTheSelectionTellsNothing();
     void aDeadPaletteLeavesAnEmptyGrid();
+    void aDeadPaletteLeavesTheScreen();
+    void aFormerPaletteIsNotHeard();
 
 private:
     static QPoint middleOf(int index) { return {index % 16 * 16 + 7, index / 16 * 16 + 7}; }
@@ -271,6 +274,31 @@ void tst_PaletteGrid::aDeadPaletteLeavesAnEmptyGrid()
     m_palette.reset();
 
     QCOMPARE(pixel(20, 20), Background);
+}
+
+void tst_PaletteGrid::aDeadPaletteLeavesTheScreen()
+{
+    m_grid->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_grid.get()));
+    QCOMPARE(Screen::staleParts(), QStringList());
+
+    m_palette.reset();
+
+    QCOMPARE(Screen::staleParts(), QStringList());
+}
+
+void tst_PaletteGrid::aFormerPaletteIsNotHeard()
+{
+    Palette other;
+    m_grid->setPalette(&other);
+    m_grid->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_grid.get()));
+    PaintCounter paints(*m_grid);
+
+    m_palette->setColour(3, Qt::red, false);
+
+    QCoreApplication::processEvents();
+    QCOMPARE(paints.count(), 0);
 }
 
 QTEST_MAIN(tst_PaletteGrid)

@@ -22,6 +22,7 @@ private slots:
     void withoutAPaletteItSaysSo();
     void theTitleFollowsThePalettesName();
     void buttonsNeedASelection();
+    void nothingCanBeUsedBeforeAPalette();
     void oneCellDisablesTheGradient();
     void aSelectionIsShownInTheColourEditor();
     void darkenAndLightenMoveTheSliders();
@@ -134,6 +135,18 @@ void tst_PaletteWindow::buttonsNeedASelection()
     QVERIFY(button(Lighten)->isEnabled());
     QVERIFY(button(Gradient)->isEnabled());
     QVERIFY(colours()->isEnabled());
+}
+
+void tst_PaletteWindow::nothingCanBeUsedBeforeAPalette()
+{
+    m_window = std::make_unique<PaletteWindow>();
+
+    QVERIFY(!button(Darken)->isEnabled());
+    QVERIFY(!button(Lighten)->isEnabled());
+    QVERIFY(!button(Gradient)->isEnabled());
+    QVERIFY(!colours()->isEnabled());
+    QVERIFY(!m_window->isContentShown());
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("Palette Editor"));
 }
 
 void tst_PaletteWindow::oneCellDisablesTheGradient()

@@ -72,6 +72,8 @@ void tst_RgbEditor::rowsAreMeasured()
         QCOMPARE(number->minimum(), 0);
         QCOMPARE(number->maximum(), 7);
         QCOMPARE(number->singleStep(), 1);
+        QCOMPARE(number->buttonSymbols(), QAbstractSpinBox::NoButtons);
+        QCOMPARE(number->alignment() & Qt::AlignHCenter, Qt::AlignHCenter);
     }
 }
 

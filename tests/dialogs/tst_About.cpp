@@ -31,6 +31,7 @@ private slots:
     void initTestCase();
 
     void tellsNameAndVersions();
+    void theVersionCanBeCopied();
     void showsTheLogo();
     void linksToTheChangelog();
     void aClickOnTheLinkOpensIt();
@@ -70,6 +71,23 @@ void tst_About::tellsNameAndVersions()
     const About about;
 
     QVERIFY(hasLabel(about, QStringLiteral("Tessaril v1.2.3.4 - Qt ") + qVersion()));
+}
+
+void tst_About::theVersionCanBeCopied()
+{
+    About about;
+    about.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&about));
+    QLabel *version = nullptr;
+    for (QLabel *label : about.findChildren<QLabel *>()) {
+        if (label->text().contains(QStringLiteral("v1.2.3.4")))
+            version = label;
+    }
+    QVERIFY(version);
+
+    QTest::mouseDClick(version, Qt::LeftButton);
+
+    QVERIFY(version->hasSelectedText());
 }
 
 void tst_About::showsTheLogo()

@@ -12,6 +12,8 @@ class tst_MessageDialog : public QObject
 private slots:
     void tellsAndReturnsAtOnce();
     void theMessageIsPlainText();
+    void theMessageCanBeCopied();
+    void okIsTheDefault();
     void okCloses();
     void aSecondMessageReplacesTheFirst();
     void aLongMessageIsWrapped();
@@ -59,6 +61,29 @@ void tst_MessageDialog::theMessageIsPlainText()
 
     QCOMPARE(label(dialog, QStringLiteral("<b>name</b>"))->textFormat(), Qt::PlainText);
     QVERIFY(label(dialog, QStringLiteral("<h2>&lt;u&gt;A &amp; B</h2>")));
+}
+
+void tst_MessageDialog::theMessageCanBeCopied()
+{
+    MessageDialog dialog;
+    dialog.showMessage(QStringLiteral("Warning!"), QStringLiteral("Refused"));
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QLabel *const message = label(dialog, QStringLiteral("Refused"));
+
+    QTest::mouseDClick(message, Qt::LeftButton, {}, QPoint(10, message->height() / 2));
+
+    QCOMPARE(message->selectedText(), QStringLiteral("Refused"));
+}
+
+void tst_MessageDialog::okIsTheDefault()
+{
+    MessageDialog dialog;
+    dialog.showMessage(QStringLiteral("Warning!"), QStringLiteral("Refused"));
+    QVERIFY(dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->isDefault());
+
+    QTest::keyClick(&dialog, Qt::Key_Return);
+
+    QVERIFY(!dialog.isVisible());
 }
 
 void tst_MessageDialog::okCloses()

@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QStackedWidget>
@@ -19,6 +20,8 @@ private slots:
     void listsItsPages();
     void theButtonsAreMadeAtTheFirstShow();
     void aClickInTheListChangesThePage();
+    void thePagesAreChosenOneAtATime();
+    void theListIsAsWideAsItsTitles();
     void theSnapshotHoldsAMemberForEachPage();
     void cancelBringsTheOldValuesBack();
     void escapeIsCancel();
@@ -96,6 +99,31 @@ void tst_PreferencesDialog::aClickInTheListChangesThePage()
     QCOMPARE(stack->currentWidget(), dialog.mapEditorPage());
     click(0);
     QCOMPARE(stack->currentWidget(), dialog.generalPage());
+}
+
+void tst_PreferencesDialog::thePagesAreChosenOneAtATime()
+{
+    PreferencesDialog dialog;
+    dialog.show();
+    auto *list = dialog.findChild<QListWidget *>();
+
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      list->visualItemRect(list->item(1)).center());
+
+    QCOMPARE(list->selectedItems(), QList<QListWidgetItem *>({list->item(1)}));
+    QCOMPARE(dialog.findChild<QStackedWidget *>()->currentWidget(), dialog.mapEditorPage());
+}
+
+void tst_PreferencesDialog::theListIsAsWideAsItsTitles()
+{
+    PreferencesDialog dialog;
+    dialog.show();
+    const auto *list = dialog.findChild<QListWidget *>();
+
+    QVERIFY(list->width() >= list->sizeHintForColumn(0));
+    QVERIFY(list->width() <= list->sizeHintForColumn(0) + 30);
+    QVERIFY(!list->horizontalScrollBar()->isVisible());
+    QVERIFY(dialog.findChild<QStackedWidget *>()->width() > dialog.width() / 2);
 }
 
 void tst_PreferencesDialog::theSnapshotHoldsAMemberForEachPage()

@@ -26,6 +26,7 @@ private slots:
     void playAndStopEndAPause();
     void loopingIsTheOnlyPlayMode();
     void groupsStandApartInTheMiddle();
+    void theFrameIsToldInTheMiddle();
     void aNarrowOneHasItsGroupsInRows();
     void playModesExcludeEachOther();
 
@@ -201,6 +202,28 @@ void tst_AnimationControlWidget::groupsStandApartInTheMiddle()
     const int right = controls.width() - placeOf(Action::PingPong).right() - 1;
     QVERIFY(qAbs(left - right) <= 1);
     QVERIFY(controls.findChild<QLabel *>()->geometry().bottom() < placeOf(Action::First).y());
+}
+
+void tst_AnimationControlWidget::theFrameIsToldInTheMiddle()
+{
+    AnimationControlWidget controls;
+    controls.resize(701, controls.sizeHint().height());
+    controls.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&controls));
+
+    const QImage label = controls.findChild<QLabel *>()->grab().toImage();
+    int left = label.width();
+    int right = 0;
+    for (int y = 0; y < label.height(); ++y) {
+        for (int x = 0; x < label.width(); ++x) {
+            if (label.pixel(x, y) != label.pixel(0, 0)) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+            }
+        }
+    }
+    QVERIFY(left < right);
+    QVERIFY(qAbs(left - (label.width() - 1 - right)) <= 3);
 }
 
 void tst_AnimationControlWidget::aNarrowOneHasItsGroupsInRows()

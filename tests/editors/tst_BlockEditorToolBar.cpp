@@ -17,6 +17,8 @@ private slots:
     void initTestCase() { qRegisterMetaType<MapObjectType>(); }
 
     void itsFieldsStandInARow();
+    void eachLabelNamesTheFieldBesideIt();
+    void aNarrowOneLeavesRoomForTheName();
     void sidesAndDelayAreBounded();
     void noDelayIsShownAsAWord();
     void changesOfTheUserAreSent();
@@ -42,6 +44,32 @@ void tst_BlockEditorToolBar::itsFieldsStandInARow()
         labels.append(label->text());
     QCOMPARE(labels, QStringList({"Name", "W:", "H:", "Delay:"}));
     QCOMPARE(bar.findChildren<MapObjectTypeCombo *>().size(), 1);
+}
+
+void tst_BlockEditorToolBar::eachLabelNamesTheFieldBesideIt()
+{
+    const BlockEditorToolBar bar;
+
+    QHash<QString, const QWidget *> buddies;
+    for (const QLabel *label : bar.findChildren<QLabel *>())
+        buddies.insert(label->text(), label->buddy());
+    QCOMPARE(buddies.value("Name"), field<QLineEdit>(bar, "Name"));
+    QCOMPARE(buddies.value("W:"), field<QSpinBox>(bar, "Width in tiles"));
+    QCOMPARE(buddies.value("H:"), field<QSpinBox>(bar, "Height in tiles"));
+    QCOMPARE(buddies.value("Delay:"), field<QSpinBox>(bar, "Delay"));
+}
+
+void tst_BlockEditorToolBar::aNarrowOneLeavesRoomForTheName()
+{
+    BlockEditorToolBar bar;
+    bar.resize(bar.minimumSizeHint());
+    bar.resize(bar.width(), bar.heightForWidth(bar.width()));
+    bar.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&bar));
+
+    const QLineEdit *name = field<QLineEdit>(bar, "Name");
+    QVERIFY(name->width() >= name->fontMetrics().horizontalAdvance("Moving door"));
+    QCOMPARE(name->visibleRegion(), QRegion(name->rect()));
 }
 
 void tst_BlockEditorToolBar::sidesAndDelayAreBounded()

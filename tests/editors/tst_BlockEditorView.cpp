@@ -22,6 +22,7 @@ private slots:
     void cleanup() { close(); }
 
     void listsTheBlocksAndOpensNone();
+    void theListKeepsItsPlace();
     void selectingABlockOpensIt();
     void addingOpensANewBlock();
     void aNewBlockKeepsItsFrameThroughUndo();
@@ -55,6 +56,18 @@ void tst_BlockEditorView::listsTheBlocksAndOpensNone()
     QVERIFY(items()->currentItem() == nullptr);
     QVERIFY(!editor()->isEnabled());
     QCOMPARE(m_set->stackOf(m_set->tileSet->id())->count(), 0);
+}
+
+void tst_BlockEditorView::theListKeepsItsPlace()
+{
+    QVERIFY(list()->width() < m_view->width() / 3);
+    const int atFirst = list()->width();
+    m_view->resize(1200, 500);
+    QCOMPARE(list()->width(), atFirst); // the editor takes the room
+
+    m_view->setSizes({0, 1200});
+
+    QVERIFY(list()->width() > 0);
 }
 
 void tst_BlockEditorView::selectingABlockOpensIt()

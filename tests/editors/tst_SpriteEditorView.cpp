@@ -16,6 +16,7 @@ private slots:
     void cleanup() { close(); }
 
     void startsWithoutAnAnimation();
+    void theListKeepsItsPlace();
     void listsTheBanksAnimations();
     void selectingFillsTheToolBar();
     void addingSelectsANewAnimation();
@@ -60,6 +61,18 @@ void tst_SpriteEditorView::startsWithoutAnAnimation()
     QCOMPARE(spin("Delay")->maximum(), 50);
     QCOMPARE(child<SpriteEditor::ToolBar>()->findChild<QLineEdit *>()->placeholderText(),
              QString("Enter a name..."));
+}
+
+void tst_SpriteEditorView::theListKeepsItsPlace()
+{
+    QVERIFY(list()->width() < m_view->width() / 3);
+    const int atFirst = list()->width();
+    m_view->resize(1200, 500);
+    QCOMPARE(list()->width(), atFirst); // the editor takes the room
+
+    m_view->setSizes({0, 1200});
+
+    QVERIFY(list()->width() >= 130);
 }
 
 void tst_SpriteEditorView::listsTheBanksAnimations()

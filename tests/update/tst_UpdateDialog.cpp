@@ -21,6 +21,8 @@ private slots:
     void linksOpenAndTheDialogStays();
     void skipEmitsTheVersionAndCloses();
     void laterClosesQuietlyAndIsTheDefault();
+    void returnIsForLaterWhateverHasTheFocus();
+    void itIsWideAndWrapsWhatIsLonger();
     void textsOfTheFeedAreShownAsTheyAre();
 
 private:
@@ -163,6 +165,41 @@ void tst_UpdateDialog::laterClosesQuietlyAndIsTheDefault()
     QCOMPARE(skipped.count(), 0);
     QVERIFY(!m_dialog->isVisible());
     QCOMPARE(m_opened, QStringList());
+}
+
+void tst_UpdateDialog::returnIsForLaterWhateverHasTheFocus()
+{
+    QSignalSpy skipped(m_dialog.get(), &UpdateDialog::skipVersion);
+    for (const char *name : {"skip", "download", "releaseNotes"}) {
+        m_dialog->showRelease(m_release, m_build);
+        m_dialog->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_dialog.get()));
+        find<QPushButton>(name)->setFocus();
+        QVERIFY(find<QPushButton>("later")->isDefault());
+
+        QTest::keyClick(find<QPushButton>(name), Qt::Key_Return);
+
+        QVERIFY(!m_dialog->isVisible());
+        QCOMPARE(skipped.count(), 0);
+        QCOMPARE(m_opened, QStringList());
+    }
+}
+
+void tst_UpdateDialog::itIsWideAndWrapsWhatIsLonger()
+{
+    m_dialog->showRelease(m_release, m_build);
+    QVERIFY(m_dialog->width() >= 420);
+    const int height = find<QLabel>("heading")->height();
+
+    m_release.version = QString("version ").repeated(30);
+    m_dialog->showRelease(m_release, m_build);
+    m_dialog->adjustSize();
+    QCoreApplication::processEvents();
+
+    const QLabel *const heading = find<QLabel>("heading");
+    QVERIFY(m_dialog->width() < heading->fontMetrics().horizontalAdvance(heading->text()));
+    QVERIFY(heading->height() >= 2 * height);
+    m_release.version = "0.8.0.0";
 }
 
 void tst_UpdateDialog::textsOfTheFeedAreShownAsTheyAre()
