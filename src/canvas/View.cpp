@@ -119,7 +119,7 @@ QFileDialog *View::fileDialog(bool saves)
                              tr("Images (*.png *.xpm *.jpg *.bmp)"));
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     dialog->setDefaultSuffix(QStringLiteral(".png"));
-    FileDialogs::endCompletionWith(dialog);
+    FileDialogs::prepare(dialog);
     dialog->setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog->setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (saves)

@@ -52,7 +52,7 @@ QString ProjectController::askForPath()
                                        tr("Project file (*.tessaril)"));
         m_saveDialog->setAcceptMode(QFileDialog::AcceptSave);
         m_saveDialog->setDefaultSuffix(QStringLiteral("tessaril"));
-        FileDialogs::endCompletionWith(m_saveDialog);
+        FileDialogs::prepare(m_saveDialog);
     }
     m_saveDialog->selectFile(suggestedFile());
     if (m_saveDialog->exec() != QDialog::Accepted)

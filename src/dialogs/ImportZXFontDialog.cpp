@@ -36,7 +36,7 @@ ImportZXFontDialog::ImportZXFontDialog(QWidget *parent)
     m_fileDialog->setFileMode(QFileDialog::ExistingFile);
     m_fileDialog->setNameFilter(tr("Raw Data (*.bin *.raw *.ch8)"));
     m_fileDialog->setDefaultSuffix(QStringLiteral("bin"));
-    FileDialogs::endCompletionWith(m_fileDialog);
+    FileDialogs::prepare(m_fileDialog);
     connect(m_fileDialog, &QFileDialog::accepted, this, &ImportZXFontDialog::setFileName);
 
     m_startTile->setRange(0, LastStartTile);

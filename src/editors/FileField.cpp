@@ -43,7 +43,7 @@ void FileField::browse()
     if (!m_dialog) {
         m_dialog = new QFileDialog(this);
         m_prepare(m_dialog);
-        FileDialogs::endCompletionWith(m_dialog);
+        FileDialogs::prepare(m_dialog);
         connect(m_dialog, &QFileDialog::accepted, this, &FileField::takeChoice);
     }
     m_dialog->open();

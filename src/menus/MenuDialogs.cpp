@@ -36,7 +36,7 @@ QFileDialog *makeFileDialog(QMenu *menu, const FileQuestion &question)
     dialog->setAcceptMode(question.acceptMode);
     dialog->setNameFilters(question.filters);
     dialog->setDefaultSuffix(question.defaultSuffix);
-    FileDialogs::endCompletionWith(dialog);
+    FileDialogs::prepare(dialog);
     // Queued, as the answer is read when the dialog has closed.
     QObject::connect(
         dialog, &QDialog::finished, dialog, [dialog] { forgetAnswer(dialog); },

@@ -5,9 +5,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTreeView>
 
 class tst_FileDialogs : public QObject
 {
@@ -16,13 +18,14 @@ class tst_FileDialogs : public QObject
 private slots:
     void nothingIsLeftToCompleteForAFolderReadLate();
     void completionsOnShowGoWithTheDialog();
+    void nothingInTheListIsCutOff();
 };
 
 void tst_FileDialogs::nothingIsLeftToCompleteForAFolderReadLate()
 {
     QFileDialog dialog(nullptr, "Open", QDir::rootPath());
     dialog.setOption(QFileDialog::DontUseNativeDialog);
-    FileDialogs::endCompletionWith(&dialog);
+    FileDialogs::prepare(&dialog);
     dialog.open();
     auto *const edit = dialog.findChild<QLineEdit *>("fileNameEdit");
     QTest::keyClicks(edit, "some/where/mo");
@@ -41,7 +44,7 @@ void tst_FileDialogs::completionsOnShowGoWithTheDialog()
     QVERIFY(file.open(QIODevice::WriteOnly));
     QFileDialog dialog(nullptr, "Open", folder.path());
     dialog.setOption(QFileDialog::DontUseNativeDialog);
-    FileDialogs::endCompletionWith(&dialog);
+    FileDialogs::prepare(&dialog);
     dialog.open();
     auto *const edit = dialog.findChild<QLineEdit *>("fileNameEdit");
     QTest::keyClicks(edit, "mo");
@@ -55,6 +58,28 @@ void tst_FileDialogs::completionsOnShowGoWithTheDialog()
     dialog.open();
     QTest::keyClicks(edit, "or");
     QCOMPARE(edit->completer()->completionPrefix(), QStringLiteral("moor"));
+}
+
+void tst_FileDialogs::nothingInTheListIsCutOff()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.path() + "/moor.tessaril");
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.resize(123456));
+    QFileDialog dialog(nullptr, "Open", folder.path());
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setViewMode(QFileDialog::Detail);
+    FileDialogs::prepare(&dialog);
+    dialog.open();
+
+    const auto *const list = dialog.findChild<QTreeView *>("treeView");
+    QTRY_COMPARE(list->model()->rowCount(list->rootIndex()), 1);
+    for (int column = 0; column < list->header()->count(); ++column) {
+        const QModelIndex item = list->model()->index(0, column, list->rootIndex());
+        QTRY_VERIFY(list->columnWidth(column) >=
+                    list->fontMetrics().horizontalAdvance(item.data().toString()));
+    }
+    QCOMPARE(list->header()->length(), list->viewport()->width());
 }
 
 QTEST_MAIN(tst_FileDialogs)
