@@ -174,6 +174,7 @@ void tst_About::hasAFixedSizeAndOkAsDefault()
     About about;
     about.show();
 
+    QVERIFY(about.isModal());
     QCOMPARE(about.minimumSize(), about.maximumSize());
     QVERIFY(about.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->isDefault());
     QCOMPARE(about.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->text(),

@@ -102,6 +102,7 @@ private slots:
     void changesOfTheDocumentsAreSeenAtOnce();
     void untoldChangesComeWithTheNextPaint();
     void gridLinesOfPartsMeet();
+    void gridLinesAreHairlinesOnADenseScreen();
 
 private:
     using Change = std::function<void(tst_MapGridPaint *)>;
@@ -335,6 +336,26 @@ void tst_MapGridPaint::gridLinesOfPartsMeet()
     }
 
     QCOMPARE(onScreen(grid()), whole);
+}
+
+void tst_MapGridPaint::gridLinesAreHairlinesOnADenseScreen()
+{
+    grid().setGridVisible(true);
+    const auto shown = [this] {
+        QImage image(grid().size() * 2, QImage::Format_RGB32);
+        image.setDevicePixelRatio(2);
+        grid().render(&image);
+        return image;
+    };
+    const QImage with = shown();
+    grid().setGridVisible(false);
+    const QImage without = shown();
+
+    const int y = (ShownGrid::Corner.y() + 16) * 2; // between two lines
+    int columns = 0;
+    for (int x = (ShownGrid::Corner.x() + 48) * 2; x < (ShownGrid::Corner.x() + 80) * 2; ++x)
+        columns += with.pixel(x, y) != without.pixel(x, y);
+    QCOMPARE(columns, 1);
 }
 
 QTEST_MAIN(tst_MapGridPaint)

@@ -26,6 +26,7 @@ private slots:
     void theSummaryTellsTheCheckedRows();
     void theSummaryIsPaintedInTheClosedBox();
     void aNewSummaryIsRepainted();
+    void newTextsAreDescribed();
     void theWheelChangesNothing();
     void rowsOutOfRangeAreUnchecked();
 
@@ -192,6 +193,13 @@ void tst_CheckList::aNewSummaryIsRepainted()
     m_list->setCheckState(2, Qt::Checked); // not the current row, which the box repaints by itself
 
     QTRY_COMPARE(paints.count(), 1);
+}
+
+void tst_CheckList::newTextsAreDescribed()
+{
+    m_list->setSummaryTexts(QStringLiteral("Both"), QStringLiteral("Neither"), QString());
+
+    QCOMPARE(m_list->accessibleDescription(), QStringLiteral("Neither"));
 }
 
 void tst_CheckList::theWheelChangesNothing()
