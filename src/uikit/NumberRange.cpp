@@ -60,6 +60,12 @@ NumberRange::NumberRange(QWidget *parent)
     updateEdit();
 }
 
+/// The edit that has the focus finishes editing when the window goes, which is after this.
+NumberRange::~NumberRange()
+{
+    m_edit->disconnect(this);
+}
+
 QToolButton *NumberRange::addButton(QHBoxLayout *layout, const QString &arrow, const QString &name,
                                     Step step)
 {

@@ -16,6 +16,7 @@ class NumberRange : public QWidget
 
 public:
     explicit NumberRange(QWidget *parent = nullptr);
+    ~NumberRange() override;
 
     int minimum() const { return m_minimum; }
     int maximum() const { return m_maximum; }

@@ -133,7 +133,7 @@ void tst_FrameEditorView::marksAreWholeOnDenseScreens()
 
     const QMargins lines =
         MarkEdges::between(plain, MarkEdges::shown(editor, ratio), {0, 0, SpriteCell, SpriteCell});
-    QVERIFY2(MarkEdges::areWhole(lines, ratio), QTest::toString(lines));
+    QVERIFY2(MarkEdges::areWhole(lines, ratio), MarkEdges::text(lines));
 }
 
 void tst_FrameEditorView::toolTipsTellTheCell()

@@ -193,7 +193,7 @@ void tst_SpriteListView::marksAreWholeOnDenseScreens()
 
     const QMargins lines =
         MarkEdges::between(plain, MarkEdges::shown(*m_list, ratio), m_list->cellRect(0));
-    QVERIFY2(MarkEdges::areWhole(lines, ratio), QTest::toString(lines));
+    QVERIFY2(MarkEdges::areWhole(lines, ratio), MarkEdges::text(lines));
 }
 
 void tst_SpriteListView::hoveringTintsTheSprite()

@@ -2,7 +2,10 @@
 
 #include <QImage>
 #include <QMargins>
+#include <QTest>
 #include <QWidget>
+
+#include <memory>
 
 /// The lines of a mark around a cell, on screens of every density.
 namespace MarkEdges {
@@ -49,6 +52,13 @@ inline bool areWhole(const QMargins &lines, double ratio)
             return false;
     }
     return true;
+}
+
+/// What a failed test shows of them.
+inline QByteArray text(const QMargins &lines)
+{
+    const std::unique_ptr<char[]> text(QTest::toString(lines));
+    return text.get();
 }
 
 } // namespace MarkEdges

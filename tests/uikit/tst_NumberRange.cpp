@@ -30,6 +30,7 @@ private slots:
     void anEmptyRangeStandsAtItsMinimum();
     void everyPartHasAName();
     void theNumberIsSeenWithTheFocusToo();
+    void oneThatGoesWithTheFocusSendsNothing();
 
 private:
     QToolButton *button(const QString &text) const;
@@ -258,6 +259,22 @@ void tst_NumberRange::theNumberIsSeenWithTheFocusToo()
     m_range->setMaximum(88);
 
     QCOMPARE(seen(), typed);
+}
+
+void tst_NumberRange::oneThatGoesWithTheFocusSendsNothing()
+{
+    m_range->show();
+    m_range->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_range));
+    edit()->setFocus();
+    QTest::keyClick(edit(), Qt::Key_5);
+    QCOMPARE(edit()->text(), QStringLiteral("5"));
+    const QSignalSpy changed(m_range, &NumberRange::currentValueChanged);
+
+    delete m_range;
+    m_range = nullptr;
+
+    QCOMPARE(changed.count(), 0);
 }
 
 QTEST_MAIN(tst_NumberRange)

@@ -226,7 +226,7 @@ void tst_ReadableStyle::framesHaveFourSides()
     frame.setFrameShape(QFrame::StyledPanel);
 
     const QMargins lines = MarkEdges::between(plain, MarkEdges::shown(frame, ratio), frame.rect());
-    QVERIFY2(MarkEdges::areWhole(lines, ratio), QTest::toString(lines));
+    QVERIFY2(MarkEdges::areWhole(lines, ratio), MarkEdges::text(lines));
 }
 
 void tst_ReadableStyle::lightFieldsAndOtherPartsAreThoseOfFusion()
